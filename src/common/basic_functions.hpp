@@ -1,0 +1,34 @@
+#pragma once
+// The string functions that stored data was designed around (fixed-width
+// decimal fields, 1-based positions, lenient number parsing). Positions count
+// bytes: every field they are used on is ASCII.
+
+#include <string>
+#include <string_view>
+
+namespace filo::basic {
+
+// Leading number of a text, as the classic Val: blanks, tabs and line feeds
+// are skipped anywhere, "&H" and "&O" prefixes are understood, and parsing
+// stops at the first character that cannot continue the number. "" is 0.
+double val(std::string_view text);
+
+// Val rounded half to even, as the classic CInt does.
+long long cint(std::string_view text);
+long long round_half_even(double value);
+
+// Characters start..start+length-1 (1-based); clipped to the text.
+std::string_view mid(std::string_view text, std::size_t start, std::size_t length);
+// Characters start..end of the text (1-based).
+std::string_view mid(std::string_view text, std::size_t start);
+std::string_view left(std::string_view text, std::size_t length);
+std::string_view right(std::string_view text, std::size_t length);
+
+// Replaces characters from 1-based position start with the given text, as the
+// statement form of Mid does: the length of the text never changes.
+void set_mid(std::string& text, std::size_t start, std::string_view replacement);
+
+// The number as decimal digits, left-padded with "0" to width.
+std::string zero_padded(long long value, std::size_t width);
+
+}  // namespace filo::basic

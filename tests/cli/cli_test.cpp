@@ -1,0 +1,99 @@
+// filo-cli run as a user runs it: a separate process, its output and exit code.
+#include <gtest/gtest.h>
+
+#include "store/module_table.hpp"
+#include "store/project.hpp"
+#include "support/run_program.hpp"
+#include "support/sample_project.hpp"
+#include "support/temp_dir.hpp"
+
+namespace filo {
+namespace {
+
+using testing::run_program;
+
+class CliTest : public ::testing::Test {
+  protected:
+    testing::ProgramResult cli(const std::vector<std::string>& args) {
+        return run_program("filo-cli", args, {{"FILO_HOME", (dir / "home").string()}});
+    }
+    testing::TempDir dir;
+};
+
+TEST_F(CliTest, NewCreatesAProjectOnceAndMakesTheTemplates) {
+    const std::string project = (dir / "Villa Rossi.TRN").string();
+    auto first = cli({"new", project});
+    EXPECT_EQ(first.exit_code, 0) << first.err;
+    EXPECT_EQ(first.out, "Progetto Villa Rossi Creato\n");
+    EXPECT_TRUE(std::filesystem::exists(dir / "home" / "DATIBASE.BAW"));
+    EXPECT_TRUE(std::filesystem::exists(dir / "home" / "domotica_base.MDB"));
+
+    auto again = cli({"new", project});
+    EXPECT_EQ(again.exit_code, 1);
+    EXPECT_EQ(again.out, "");
+    EXPECT_EQ(again.err, "Villa Rossi  Questo progetto esiste già\n");
+
+    auto blank = cli({"new", (dir / " casa.TRN").string()});
+    EXPECT_EQ(blank.exit_code, 1);
+    EXPECT_EQ(blank.err, "Inserire un nome progetto valido\n");
+
+    auto spanish = cli({"--lang", "SPA", "new", (dir / "dos.TRN").string()});
+    EXPECT_EQ(spanish.exit_code, 0) << spanish.err;
+}
+
+TEST_F(CliTest, ModulesPrintsBothListsOfTheProjectWindow) {
+    const auto file = testing::make_empty_project(dir.path(), "casa");
+    {
+        store::Project p;
+        p.open(file);
+        store::ModuleTable table(p);
+        testing::add_module(table, "00121F", 10, "Quadro cucina");
+        table.LEGGI_MODULO("00121F");
+        table.CODICE_MODULO = "00121F";
+        table.RIGHE_MODULO.riga(10).nick = "Luce d'angolo ";
+        table.MODIFICA_MODULO();
+    }
+    auto r = cli({"modules", file.string()});
+    ASSERT_EQ(r.exit_code, 0) << r.err;
+    EXPECT_EQ(r.out,
+              "00121F  Quadro cucina\n"
+              "--------INPUT" +
+                  std::string(42, ' ') +
+                  "---------\n"
+                  "--------RELE" +
+                  std::string(45, ' ') +
+                  "---------\n"
+                  "00121F/2   Luce d'angolo \n");
+}
+
+TEST_F(CliTest, ProjectsThatCannotBeOpenedAreUserErrors) {
+    testing::write_file(dir / "rotto.TRN", "non un database");
+    auto missing = cli({"modules", (dir / "manca.TRN").string()});
+    EXPECT_EQ(missing.exit_code, 1);
+    EXPECT_EQ(missing.err.rfind(" Questo progetto non esiste", 0), 0u) << missing.err;
+    auto broken = cli({"modules", (dir / "rotto.TRN").string()});
+    EXPECT_EQ(broken.exit_code, 1);
+    EXPECT_NE(broken.err.find("rotto.TRN"), std::string::npos);
+    EXPECT_EQ(testing::read_file(dir / "rotto.TRN"), "non un database");
+}
+
+TEST_F(CliTest, TextsPrintsEveryEntryInTheChosenLanguage) {
+    auto r = cli({"texts"});
+    ASSERT_EQ(r.exit_code, 0);
+    EXPECT_NE(r.out.find("\tMENU_OPEN_PROJECT\tApri progetto \n"), std::string::npos);
+    EXPECT_NE(r.out.find("\tHELP_LEVEL_SMART\tLIVELLO DI PROGRAMMAZIONE SMART\\nSemplifica"),
+              std::string::npos);
+    auto spanish = cli({"texts", "--lang", "spa"});
+    ASSERT_EQ(spanish.exit_code, 0) << spanish.err;
+    EXPECT_NE(spanish.out.find("\tMENU_OPEN_PROJECT\tAbre proyecto \n"), std::string::npos);
+}
+
+TEST_F(CliTest, WrongUsageExitsTwo) {
+    EXPECT_EQ(cli({}).exit_code, 2);
+    EXPECT_EQ(cli({"new"}).exit_code, 2);
+    EXPECT_EQ(cli({"--lang", "ENG", "texts"}).exit_code, 2);
+    EXPECT_EQ(cli({"--help"}).exit_code, 0);
+}
+
+}  // namespace
+}  // namespace filo

@@ -1,0 +1,200 @@
+#include <gtest/gtest.h>
+
+#include "store/module_table.hpp"
+#include "store/store_fixture.hpp"
+
+namespace filo::store {
+namespace {
+
+using testing::add_module;
+using ModuleTableTest = testing::StoreTest;
+
+TEST_F(ModuleTableTest, ReadsAModuleInIdOrderWithItsNumber) {
+    add_module(table, "00011F", 16, "Quadro cucina");
+    add_module(table, "00020B", 16, "Quadro sala");
+    table.LEGGI_MODULO("00020B");
+    ASSERT_EQ(table.STATO_MODULO, kModuloEsistente);
+    ASSERT_EQ(table.RIGHE_MODULO.N_RIGHE_MODULO(), 16);
+    EXPECT_EQ(table.RIGHE_MODULO.riga(1).ID, 17);
+    EXPECT_EQ(table.RIGHE_MODULO.riga(16).ID, 32);
+    EXPECT_EQ(table.RIGHE_MODULO.riga(10).campo, "10");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(10).numero_filo, "2");
+    EXPECT_EQ(table.RIGHE_MODULO.M_NICK_NUMERICO, "2");
+}
+
+TEST_F(ModuleTableTest, AnUnknownCodeLeavesTheRecordAsItWas) {
+    add_module(table, "00011F", 16, "Quadro cucina");
+    table.LEGGI_MODULO("00011F");
+    table.LEGGI_MODULO("0099AA");
+    EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
+    EXPECT_EQ(table.RIGHE_MODULO.N_RIGHE_MODULO(), 16);
+    EXPECT_EQ(table.RIGHE_MODULO.riga(1).codice, "00011F");
+}
+
+TEST_F(ModuleTableTest, ShortAndNullFieldsReadAsTheirDefaults) {
+    add_module(table, "00011F", 16, "Relè");
+    add_module(table, "00021E", 16, "Pannello");
+    sql("UPDATE nick SET riserva2 = '0123456789', riserva4 = '12', riserva3 = '1' WHERE campo = "
+        "'1'");
+    sql("UPDATE nick SET riserva2 = NULL, riserva4 = NULL, dati_aggiuntivi1 = NULL WHERE campo = "
+        "'2' AND "
+        "codice = '00011F'");
+    sql("UPDATE nick SET riserva3 = '5' WHERE campo = '3' AND codice = '00011F'");
+
+    table.LEGGI_MODULO("00011F");
+    const ModuleRecord& m = table.RIGHE_MODULO;
+    EXPECT_EQ(m.riga(1).riserva2, std::string(50, '0'));
+    EXPECT_EQ(m.riga(1).riserva4, std::string(50, '0'));
+    EXPECT_EQ(m.riga(1).riserva3, std::string(26, '0'));  // shorter than 16
+    EXPECT_EQ(m.riga(2).riserva2, "");
+    EXPECT_EQ(m.riga(2).riserva4, std::string(50, '0'));
+    EXPECT_EQ(m.riga(2).dati_aggiuntivi1, "");
+    EXPECT_EQ(table.RISERVA3_RIGA1_USATA, "");
+    EXPECT_EQ(table.RISERVA3_RIGHE23_USATE, "SI");
+
+    // The panel interface keeps its texts as stored.
+    table.LEGGI_MODULO("00021E");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(1).riserva2, "0123456789");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(1).riserva3, "1");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(1).riserva4, "12");
+}
+
+TEST_F(ModuleTableTest, ParametersOnRowOneMarkTheModuleAsSet) {
+    add_module(table, "00011F", 16, "");
+    sql("UPDATE nick SET riserva3 = '00000000005000000000000000' WHERE campo = '1'");
+    table.LEGGI_MODULO("00011F");
+    EXPECT_EQ(table.RISERVA3_RIGA1_USATA, "SI");
+    EXPECT_EQ(table.RISERVA3_RIGHE23_USATE, "");
+    // The flags start clear on each read.
+    sql("UPDATE nick SET riserva3 = '00000000000000000000000000' WHERE campo = '1'");
+    table.LEGGI_MODULO("00011F");
+    EXPECT_EQ(table.RISERVA3_RIGA1_USATA, "");
+}
+
+TEST_F(ModuleTableTest, AddingNumbersRowsOnFromOneAndKeepsTheModuleNumber) {
+    add_module(table, "00011F", 16, "a");
+    add_module(table, "00021F", 32, "b");
+    EXPECT_EQ(count("SELECT MAX(ID) FROM nick"), 48);
+    EXPECT_EQ(count("SELECT COUNT(DISTINCT ID) FROM nick"), 48);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = '00021F' AND nick_numerico = 2"), 32);
+    // numero_filo is written as its numeric value.
+    table.RIGHE_MODULO = testing::new_module_rows("00031F", 16, "c");
+    table.RIGHE_MODULO.riga(1).numero_filo = "01";
+    table.RIGHE_MODULO.riga(2).numero_filo = "";
+    table.RIGHE_MODULO.M_NICK_NUMERICO = "3";
+    table.AGGIUNGI_MODULO();
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = '00031F' AND campo = '1' AND "
+                    "numero_filo = '1'"),
+              1);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = '00031F' AND campo = '2' AND "
+                    "numero_filo = '0'"),
+              1);
+}
+
+TEST_F(ModuleTableTest, ChangesAreWrittenBackRowByRow) {
+    add_module(table, "00011F", 16, "Quadro");
+    table.LEGGI_MODULO("00011F");
+    table.CODICE_MODULO = "00011F";
+    table.RIGHE_MODULO.riga(9).nick = "Luce dell'orologio ";
+    table.RIGHE_MODULO.riga(9).modo = "000000000000000000000001";
+    table.RIGHE_MODULO.riga(1).note = "Quadro d'ingresso";
+    table.MODIFICA_MODULO();
+    ModuleRecord written = table.RIGHE_MODULO;
+    table.LEGGI_MODULO("00011F");
+    EXPECT_EQ(table.RIGHE_MODULO.rows, written.rows);
+    EXPECT_EQ(table.RIGHE_MODULO.M_NICK_NUMERICO, "1");
+}
+
+TEST_F(ModuleTableTest, AWriteThatCannotCompleteChangesNothing) {
+    add_module(table, "00011F", 16, "Quadro");
+    table.LEGGI_MODULO("00011F");
+    table.CODICE_MODULO = "00011F";
+    for (auto& r : table.RIGHE_MODULO.rows) r.nick = "cambiato ";
+    table.RIGHE_MODULO.rows.push_back(table.RIGHE_MODULO.rows.back());  // one row too many
+    EXPECT_THROW(table.MODIFICA_MODULO(), ProjectError);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE nick <> ''"), 0);
+    // A module that isn't there is not written at all.
+    table.CODICE_MODULO = "0099AA";
+    table.MODIFICA_MODULO();
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE nick <> ''"), 0);
+}
+
+TEST_F(ModuleTableTest, DeletionMarksTheRowsAndFreesTheNumber) {
+    add_module(table, "00011F", 16, "Quadro");
+    sql("UPDATE nick SET nick = 'Luce ' WHERE campo = '9'");
+    table.LEGGI_MODULO("00011F");
+    table.CODICE_MODULO = "00011F";
+    table.CANCELLA_MODULO();
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = '0001FF' AND riserva = 'K' AND "
+                    "tipologia = '' AND note = ''"),
+              16);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE nick = 'Luce '"), 1);  // names stay
+
+    // The same number with another type: a second set of rows; the search by
+    // number still finds the deleted rows first.
+    add_module(table, "00010B", 16, "Nuovo");
+    table.VERIFICA_MODULO("00010B");
+    EXPECT_EQ(table.STATO_MODULO, kModuloEsistente);
+    EXPECT_EQ(table.RIGHE_MODULO.N_RIGHE_MODULO(), 32);
+    EXPECT_EQ(table.RIGHE_MODULO.riga(1).codice, "0001FF");
+    table.VERIFICA_MODULO("0002AA");
+    EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
+}
+
+TEST_F(ModuleTableTest, SavingWithDeletionMarksEachRowAsItIsWritten) {
+    add_module(table, "00011F", 16, "Quadro");
+    table.LEGGI_MODULO("00011F");
+    table.CODICE_MODULO = "00011F";
+    table.CANCELLA_IN_SALVATAGGIO = "SI";
+    table.MODIFICA_MODULO();
+    EXPECT_EQ(table.RIGHE_MODULO.riga(5).codice, "0001FF");
+    EXPECT_EQ(
+        count("SELECT COUNT(*) FROM nick WHERE codice = '0001FF' AND riserva = 'K' AND note = ''"),
+        16);
+}
+
+TEST_F(ModuleTableTest, InformationOfALiveModuleByNumberAndRow) {
+    add_module(table, "00011F", 16, "Vecchio");
+    table.LEGGI_MODULO("00011F");
+    table.CODICE_MODULO = "00011F";
+    table.CANCELLA_MODULO();
+    add_module(table, "00010B", 16, "Nuovo");
+    sql("UPDATE nick SET nick = 'Campanello ' WHERE codice = '00010B' AND campo = '3'");
+    sql("UPDATE nick SET nick = 'Vecchio ' WHERE codice = '0001FF' AND campo = '3'");
+
+    table.LEGGI_INFORMAZIONE("0001", "3");
+    EXPECT_EQ(table.STATO_MODULO, kModuloEsistente);
+    EXPECT_EQ(table.INFO_NICK, "Campanello ");
+    EXPECT_EQ(table.INFO_CODICE, "00010B");
+    table.LEGGI_INFORMAZIONE("0009", "3");
+    EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
+    EXPECT_EQ(table.INFO_NICK, "Campanello ");  // left as it was
+}
+
+TEST_F(ModuleTableTest, RowById) {
+    add_module(table, "00011F", 16, "Quadro");
+    sql("UPDATE nick SET riserva2 = '000000125' || substr(riserva2, 10), nick = 'Dimmer ' WHERE ID "
+        "= 12");
+    table.LEGGI_RIGA_ID(12);
+    EXPECT_EQ(table.RIGA_CODICE, "00011F");
+    EXPECT_EQ(table.RIGA_NUMERO_FILO, "4");
+    EXPECT_EQ(table.RIGA_NICK, "Dimmer ");
+    EXPECT_EQ(table.RIGA_NICK_NUMERICO, "1");
+    EXPECT_EQ(table.RIGA_VALORE7, 125);
+    table.LEGGI_RIGA_ID(999);
+    EXPECT_EQ(table.RIGA_NICK, "Dimmer ");
+}
+
+TEST_F(ModuleTableTest, ProgressiveNumberIsTheHighestSoFar) {
+    table.N_PROGRESSIVO = 7;
+    table.LEGGI_N_PROGRESSIVO();
+    EXPECT_EQ(table.N_PROGRESSIVO, 7);  // empty table: unchanged
+    add_module(table, "00011F", 16, "a");
+    add_module(table, "00021F", 16, "b");
+    sql("UPDATE nick SET nick_numerico = 40 WHERE codice = '00011F'");
+    table.LEGGI_N_PROGRESSIVO();
+    EXPECT_EQ(table.N_PROGRESSIVO, 40);
+}
+
+}  // namespace
+}  // namespace filo::store

@@ -1,0 +1,66 @@
+#include "support/sample_project.hpp"
+
+#include <cstdio>
+
+#include "store/module_table.hpp"
+#include "store/project_files.hpp"
+
+namespace filo::testing {
+
+store::ModuleRecord new_module_rows(const std::string& codice, int rows, const std::string& note,
+                                    const std::string& output_tipologia) {
+    store::ModuleRecord record;
+    for (int i = 1; i <= rows; ++i) {
+        store::NickRow r;
+        r.codice = codice;
+        r.campo = std::to_string(i);
+        r.numero_filo = std::to_string(i <= 8 ? i : i - 8);
+        r.note = note;
+        r.modo = i <= 8 ? "P" + std::string(23, '0') : "I00000000000000000000000";
+        r.tipologia = i <= 8 ? "INPUT" : output_tipologia;
+        r.connesso = "........";
+        r.riserva2 = std::string(50, '0');
+        r.riserva3 = std::string(i == 1 ? 26 : 50, '0');
+        r.riserva4 = std::string(50, '0');
+        record.rows.push_back(r);
+    }
+    return record;
+}
+
+void add_module(store::ModuleTable& table, const std::string& codice, int rows,
+                const std::string& note, const std::string& output_tipologia) {
+    table.LEGGI_N_PROGRESSIVO();
+    table.RIGHE_MODULO = new_module_rows(codice, rows, note, output_tipologia);
+    table.RIGHE_MODULO.M_NICK_NUMERICO = std::to_string(table.N_PROGRESSIVO + 1);
+    table.CODICE_MODULO = codice;
+    table.AGGIUNGI_MODULO();
+}
+
+void add_generated_modules(store::ModuleTable& table, int modules) {
+    static const char* kTypes[] = {"1F", "11", "0B", "4A", "19", "25"};
+    static const char* kOutputs[] = {"RELE", "DIMMER", "SPIA", "RGB", "REGOLATORE", "MODULATORE"};
+    for (int m = 1; m <= modules; ++m) {
+        char number[16];
+        std::snprintf(number, sizeof number, "%04X", m & 0xFFFF);
+        const std::string code = number + std::string(kTypes[m % 6]);
+        const int rows = 16 + (m * 7) % 17;  // 16 to 32
+        store::ModuleRecord record =
+            new_module_rows(code, rows, "Quadro " + std::to_string(m), kOutputs[m % 6]);
+        for (store::NickRow& r : record.rows)
+            r.nick = (std::stoi(r.campo) <= 8 ? "Pulsante " : "Luce ") + std::to_string(m) + "." +
+                     r.campo + " ";
+        record.M_NICK_NUMERICO = std::to_string(m);
+        table.RIGHE_MODULO = std::move(record);
+        table.CODICE_MODULO = code;
+        table.AGGIUNGI_MODULO();
+    }
+}
+
+std::filesystem::path make_empty_project(const std::filesystem::path& directory,
+                                         const std::string& name) {
+    std::filesystem::path file = directory / (name + ".TRN");
+    store::write_empty_project(file);
+    return file;
+}
+
+}  // namespace filo::testing

@@ -1,0 +1,31 @@
+#pragma once
+#include <filesystem>
+#include <string>
+
+#include "store/nick_row.hpp"
+
+namespace filo::store {
+class ModuleTable;
+}
+
+namespace filo::testing {
+
+// Rows of a new module with the shape the store gives them: rows 1 to 8
+// inputs (kind "P"), the rest outputs of the given tipologia, row 1 carrying
+// the note. Names are left empty.
+store::ModuleRecord new_module_rows(const std::string& codice, int rows, const std::string& note,
+                                    const std::string& output_tipologia = "RELE");
+
+// Adds a module through the store, numbered after the last one.
+void add_module(store::ModuleTable& table, const std::string& codice, int rows,
+                const std::string& note, const std::string& output_tipologia = "RELE");
+
+// An installation of the given size for measurements: module i has code
+// <i as 4 hex digits><type>, 16 to 32 rows, and every point named.
+void add_generated_modules(store::ModuleTable& table, int modules);
+
+// An empty project file made from the built-in schema.
+std::filesystem::path make_empty_project(const std::filesystem::path& directory,
+                                         const std::string& name = "prova");
+
+}  // namespace filo::testing
