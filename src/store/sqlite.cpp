@@ -158,22 +158,25 @@ std::string Statement::column_name(int column) const {
     return n ? n : "";
 }
 
-Transaction::Transaction(Connection& c) : connection_(c) {
-    connection_.exec("BEGIN IMMEDIATE");
+// At the outermost level a transaction takes the write lock at once; inside
+// another one it is a savepoint, so that a caller can group several writes
+// that each protect themselves.
+Transaction::Transaction(Connection& c)
+    : connection_(c), nested_(sqlite3_get_autocommit(c.handle()) == 0) {
+    connection_.exec(nested_ ? "SAVEPOINT filo_nested" : "BEGIN IMMEDIATE");
 }
 
 Transaction::~Transaction() {
-    if (!done_) {
-        try {
-            connection_.exec("ROLLBACK");
-        } catch (...) {
-            // The connection may already have rolled back after an I/O error.
-        }
+    if (done_) return;
+    try {
+        connection_.exec(nested_ ? "ROLLBACK TO filo_nested; RELEASE filo_nested" : "ROLLBACK");
+    } catch (...) {
+        // The connection may already have rolled back after an I/O error.
     }
 }
 
 void Transaction::commit() {
-    connection_.exec("COMMIT");
+    connection_.exec(nested_ ? "RELEASE filo_nested" : "COMMIT");
     done_ = true;
 }
 

@@ -88,7 +88,8 @@ class Statement {
 };
 
 // Everything between construction and commit() is one transaction; leaving
-// the scope without commit() rolls it back.
+// the scope without commit() rolls it back. Transactions nest: an inner one
+// commits into the outer, which alone reaches the disk.
 class Transaction {
   public:
     explicit Transaction(Connection& c);
@@ -99,6 +100,7 @@ class Transaction {
 
   private:
     Connection& connection_;
+    bool nested_;
     bool done_ = false;
 };
 

@@ -1,0 +1,204 @@
+#include "store/link_table.hpp"
+
+#include "common/basic_functions.hpp"
+#include "store/project.hpp"
+#include "store/sqlite.hpp"
+
+namespace filo::store {
+namespace {
+
+using basic::mid;
+using basic::val;
+
+constexpr std::string_view kColumns =
+    "SELECT ID, identificativoRX, identificativoTX, numero_uscita, nick_ricevente, "
+    "numero_ingresso, nick_trasmittente, opzione, tempo_on1, tempo_on2, modo_, on_, off_, note, "
+    "tempo_off1, tempo_off2, \"and\", minuto, ora, giorno, settimana, dato13, dato14 "
+    "FROM associazioni ";
+
+LinkRow row_from(const sqlite::Statement& q) {
+    LinkRow r;
+    int c = 0;
+    r.ID = q.integer(c++);
+    for (std::string* field :
+         {&r.identificativoRX, &r.identificativoTX, &r.numero_uscita, &r.nick_ricevente,
+          &r.numero_ingresso, &r.nick_trasmittente, &r.opzione, &r.tempo_on1, &r.tempo_on2,
+          &r.modo_, &r.on_, &r.off_, &r.note, &r.tempo_off1, &r.tempo_off2, &r.and_, &r.minuto,
+          &r.ora, &r.giorno, &r.settimana, &r.dato13, &r.dato14})
+        *field = q.text(c++);
+    return r;
+}
+
+// The weekly bit string as its number, first character weighing 128.
+std::string bits_as_decimal(const std::string& bits) {
+    int value = 0;
+    for (std::size_t i = 0; i < bits.size() && i < 8; ++i)
+        if (bits[i] == '1') value |= 128 >> i;
+    return std::to_string(value);
+}
+
+const char* flag_if(const std::string& modo, std::size_t position, const char* text) {
+    return mid(modo, position, 1) == "1" ? text : "";
+}
+
+}  // namespace
+
+bool LinkTable::read_row(std::int64_t id, LinkRow& row) {
+    sqlite::Statement q = project_.database().prepare(std::string(kColumns) + "WHERE ID = ?1");
+    q.bind(1, id);
+    if (!q.step()) return false;
+    row = row_from(q);
+    return true;
+}
+
+void LinkTable::LEGGI_LINK() {
+    TABELLA_LINK.clear();
+    // Rows without a receiver are second pages: nothing reads them from here.
+    sqlite::Statement q = project_.database().prepare(
+        std::string(kColumns) + "WHERE identificativoRX <> '' ORDER BY ID");
+    while (q.step()) {
+        LinkRow r = row_from(q);
+        if (r.identificativoTX.size() < 4)
+            r.identificativoTX.insert(0, 4 - r.identificativoTX.size(), '0');
+        r.on_ = on_off_bus_value(r.on_);
+        r.off_ = on_off_bus_value(r.off_);
+        r.minuto = minuto_bus_value(r.minuto);
+        // The message module keeps message bits here, not days of the week.
+        if (mid(r.identificativoRX, 5, 2) != "1E") r.settimana = bits_as_decimal(r.settimana);
+        TABELLA_LINK.push_back(std::move(r));
+    }
+}
+
+void LinkTable::AGGIUNGI_LINK() {
+    sqlite::Connection& db = project_.database();
+    sqlite::Transaction t(db);
+    sqlite::Statement last = db.prepare("SELECT COALESCE(MAX(ID), 0) FROM associazioni");
+    last.step();
+    const std::int64_t id = last.integer(0) + 1;
+    sqlite::Statement insert = db.prepare(
+        "INSERT INTO associazioni (ID, identificativoRX, identificativoTX, numero_uscita, "
+        "nick_ricevente, numero_ingresso, nick_trasmittente, opzione, tempo_on1, tempo_on2, modo_, "
+        "on_, off_, note, tempo_off1, tempo_off2, \"and\", minuto, ora, giorno, settimana, dato13, "
+        "dato14) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15, ?16, "
+        "?17, ?18, ?19, ?20, ?21, ?22, '')");
+    const LinkRow& l = LINK_CORRENTE;
+    int p = 1;
+    insert.bind(p++, id);
+    for (const std::string* field :
+         {&l.identificativoRX, &l.identificativoTX, &l.numero_uscita, &l.nick_ricevente,
+          &l.numero_ingresso, &l.nick_trasmittente, &l.opzione, &l.tempo_on1, &l.tempo_on2,
+          &l.modo_, &l.on_, &l.off_, &l.note, &l.tempo_off1, &l.tempo_off2, &l.and_, &l.minuto,
+          &l.ora, &l.giorno, &l.settimana, &l.dato13})
+        insert.bind(p++, *field);
+    insert.run();
+    t.commit();
+    PROSSIMO_ID_LINK = id + 1;
+}
+
+void LinkTable::CANCELLA_LINK() {
+    sqlite::Connection& db = project_.database();
+    sqlite::Transaction t(db);
+    sqlite::Statement del = db.prepare("DELETE FROM associazioni WHERE ID = ?1");
+    del.bind(1, ID_LINK);
+    del.run();
+    CANCELLA_LINK_SUCESSIVO();
+    t.commit();
+}
+
+void LinkTable::CANCELLA_LINK_SUCESSIVO() {
+    sqlite::Connection& db = project_.database();
+    sqlite::Statement last = db.prepare("SELECT MAX(ID) FROM associazioni");
+    if (!last.step() || last.is_null(0) || ID_LINK + 1 > last.integer(0)) return;
+    LinkRow next;
+    if (!read_row(ID_LINK + 1, next)) return;
+    const bool continuation = next.identificativoRX.empty() || next.note == kSecondaPagina ||
+                              next.nick_trasmittente == kNetGate ||
+                              next.nick_trasmittente == kSecondaRiga;
+    if (!continuation) return;  // the next link's own first row
+    sqlite::Statement del = db.prepare("DELETE FROM associazioni WHERE ID = ?1");
+    del.bind(1, ID_LINK + 1);
+    del.run();
+}
+
+void LinkTable::CERCA_LINK_E() {
+    ESITO_LINK.clear();
+    ID_LINK = 0;
+    sqlite::Statement q = project_.database().prepare(
+        "SELECT ID, note FROM associazioni WHERE identificativoRX = ?1 COLLATE NOCASE AND "
+        "identificativoTX = ?2 COLLATE NOCASE ORDER BY ID LIMIT 1");
+    q.bind(1, LINK_CORRENTE.identificativoRX).bind(2, LINK_CORRENTE.identificativoTX);
+    if (!q.step()) {
+        ESITO_LINK = kEsitoNuovo;
+        return;
+    }
+    ESITO_LINK = q.text(1) == kImpostaValoreRiferimento ? kEsitoImposta : kEsitoEsisteGia;
+    ID_LINK = q.integer(0);
+}
+
+void LinkTable::CERCA_LINK_SUCESSIVO(std::int64_t id) {
+    LinkRow row;
+    ESITO_LINK = read_row(id, row) ? kEsitoEsisteGia : kEsitoNuovo;
+}
+
+void LinkTable::CERCA_LINK_PER_ID(std::int64_t id, int livello) {
+    ESITO_LINK.clear();
+    LinkRow r;
+    if (!read_row(id, r)) {
+        ESITO_LINK = kEsitoNuovo;
+        return;
+    }
+    ESITO_LINK = kEsitoEsisteGia;
+    if (livello < 2) return;
+
+    const std::string on = std::to_string(time_value(r.tempo_on1, r.tempo_on2));
+    const std::string off = std::to_string(time_value(r.tempo_off1, r.tempo_off2));
+    LinkRow next;
+    const std::string spe = std::to_string(read_row(id + 1, next) ? dato13_value(next.dato13) : 0);
+    const std::string lampeggio = mid(r.settimana, 1, 1) == "1" ? "Lampeggio ON" : "";
+    const std::string modo(mid(r.modo_, 1, 8));
+    const std::string title = r.identificativoTX + "  --->   " + r.identificativoRX + "\n" +
+                              r.nick_trasmittente + "   --->   " + r.nick_ricevente;
+    const std::string values = "Valore on=" + r.on_ + " Valore off=" + r.off_;
+
+    if (r.nick_ricevente.starts_with("MESSAGGIO")) {
+        TESTO_LINK = title + "\n\nModo=" + modo;
+    } else if (val(r.numero_uscita) < 9) {
+        std::string flags = flag_if(r.modo_, 2, "USA VALORE COMPARATO  ");
+        flags += flag_if(r.modo_, 4, "EVENTO SI  ");
+        flags += flag_if(r.modo_, 5, "EVENTO SI  ");
+        flags += flag_if(r.modo_, 6, "CONSIDERA INGRESSO INVERTITO  ");
+        flags += flag_if(r.modo_, 8, "PASSO PASSO  ");
+        flags += flag_if(r.modo_, 7, "TEMPO RETRIG. ");
+        TESTO_LINK = title + "\nT.ON=" + on + "      T.RIT.ACCENSIONE=" + off +
+                     "       T.RIT.SPEGNIMENTO=" + spe + "\nModo=" + modo + "\n" + flags + "\n" +
+                     values + "\n" + lampeggio;
+    } else {
+        std::string flags = flag_if(r.modo_, 2, "USA VALORE COMPARATO  ");
+        flags += flag_if(r.modo_, 6, "CONSIDERA INGRESSO INVERTITO  ");
+        TESTO_LINK = title + "\n\nModo=" + modo + "\n" + flags + "\n" + values + "\n" + lampeggio;
+    }
+}
+
+void LinkTable::DATI_DEL_LINK(std::int64_t id) {
+    LinkRow r;
+    if (!read_row(id, r)) {
+        ESITO_LINK = kEsitoNuovo;
+        return;
+    }
+    LinkDetails d;
+    d.identificativoRX = r.identificativoRX;
+    d.tempo_on = time_value(r.tempo_on1, r.tempo_on2);
+    d.tempo_off = time_value(r.tempo_off1, r.tempo_off2);
+    d.lampeggio = mid(r.settimana, 1, 1) == "1" ? "Lampeggio ON" : "";
+    d.modo = std::string(mid(r.modo_, 1, 8));
+    d.and_ = r.and_;
+    d.numero_uscita = r.numero_uscita;
+    d.nick_ricevente = r.nick_ricevente;
+    d.on_ = r.on_;
+    d.off_ = r.off_;
+    LinkRow next;
+    if (read_row(id + 1, next)) d.tempo_spegnimento = dato13_value(next.dato13);
+    DATI_LINK = d;
+}
+
+}  // namespace filo::store

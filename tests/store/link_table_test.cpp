@@ -1,0 +1,244 @@
+#include "store/link_table.hpp"
+
+#include <gtest/gtest.h>
+
+#include "store/store_fixture.hpp"
+
+namespace filo::store {
+namespace {
+
+class LinkTableTest : public testing::StoreTest {
+protected:
+    // Appends a link row as the editor writes one; returns its ID.
+    std::int64_t add(const std::string& rx, const std::string& tx, const std::string& nick_tx = "Pulsante ",
+                     const std::string& note = "") {
+        LinkRow& l = links.LINK_CORRENTE;
+        l = LinkRow{};
+        l.identificativoRX = rx;
+        l.identificativoTX = tx;
+        l.numero_uscita = rx.substr(rx.find('/') + 1);
+        l.nick_ricevente = rx.empty() ? "" : "Luce ";
+        l.numero_ingresso = tx.substr(tx.find('/') + 1);
+        l.nick_trasmittente = nick_tx;
+        l.opzione = "P";
+        l.tempo_on1 = l.tempo_on2 = l.tempo_off1 = l.tempo_off2 = "0";
+        l.modo_ = "000000112";
+        l.on_ = "251";
+        l.off_ = "8";
+        l.note = note;
+        l.and_ = "00000000";
+        l.minuto = l.ora = l.giorno = "00";
+        l.settimana = "00000000";
+        l.dato13 = "000000";
+        links.AGGIUNGI_LINK();
+        return links.PROSSIMO_ID_LINK - 1;
+    }
+    // A second page: every column empty but note and dato13.
+    std::int64_t add_second_page(const std::string& dato13 = "000000") {
+        links.LINK_CORRENTE = LinkRow{};
+        links.LINK_CORRENTE.note = std::string(kSecondaPagina);
+        links.LINK_CORRENTE.dato13 = dato13;
+        links.AGGIUNGI_LINK();
+        return links.PROSSIMO_ID_LINK - 1;
+    }
+    std::vector<std::int64_t> ids() {
+        std::vector<std::int64_t> v;
+        auto q = project.database().prepare("SELECT ID FROM associazioni ORDER BY ID");
+        while (q.step()) v.push_back(q.integer(0));
+        return v;
+    }
+    LinkTable links{project};
+};
+
+TEST_F(LinkTableTest, RowsAreNumberedOnFromTheHighest) {
+    EXPECT_EQ(add("002B15/3", "001A11/2"), 1);
+    EXPECT_EQ(add_second_page(), 2);
+    EXPECT_EQ(links.PROSSIMO_ID_LINK, 3);
+    sql("DELETE FROM associazioni WHERE ID = 1");
+    EXPECT_EQ(add("002B15/4", "001A11/2"), 3);  // no renumbering, no reuse below the top
+    LinkRow row;
+    ASSERT_TRUE(links.read_row(3, row));
+    EXPECT_EQ(row.dato14, "");
+    EXPECT_EQ(row.modo_, "000000112");
+}
+
+TEST_F(LinkTableTest, ALinkOfSeveralRowsIsWrittenWholeOrNotAtAll) {
+    try {
+        sqlite::Transaction link(project.database());
+        add("002B15/3", "001A11/2");
+        add_second_page();
+        throw std::runtime_error("the editor fails before committing");
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_EQ(ids(), (std::vector<std::int64_t>{}));
+    {
+        sqlite::Transaction link(project.database());
+        add("002B15/3", "001A11/2");
+        add_second_page();
+        link.commit();
+    }
+    EXPECT_EQ(ids(), (std::vector<std::int64_t>{1, 2}));
+}
+
+TEST_F(LinkTableTest, DeletingALinkTakesItsContinuationAndNothingElse) {
+    add("002B15/3", "001A11/2");  // 1
+    add_second_page();            // 2
+    add("002B15/4", "001A11/3");  // 3: a link of its own
+    add("002B15/5", "001A11/4");  // 4
+    add("", "", "SECONDA RIGA");  // 5: a channel row, held by its marker
+    add("002B15/6", "001A11/5");  // 6
+    add("FFFEFF/1", "", "NET_GATE");  // 7: a gateway channel's own row
+
+    links.ID_LINK = 1;
+    links.CANCELLA_LINK();
+    EXPECT_EQ(ids(), (std::vector<std::int64_t>{3, 4, 5, 6, 7}));
+    links.ID_LINK = 3;  // the next row belongs to another link
+    links.CANCELLA_LINK();
+    EXPECT_EQ(ids(), (std::vector<std::int64_t>{4, 5, 6, 7}));
+    links.ID_LINK = 4;
+    links.CANCELLA_LINK();
+    EXPECT_EQ(ids(), (std::vector<std::int64_t>{6, 7}));
+    links.ID_LINK = 6;  // a NET_GATE row behind counts as a continuation
+    links.CANCELLA_LINK();
+    EXPECT_EQ(ids(), (std::vector<std::int64_t>{}));
+}
+
+TEST_F(LinkTableTest, DeletingTheLastRowLooksNoFurther) {
+    add("002B15/3", "001A11/2");
+    add_second_page();
+    links.ID_LINK = 2;
+    links.CANCELLA_LINK();
+    EXPECT_EQ(ids(), (std::vector<std::int64_t>{1}));
+}
+
+TEST_F(LinkTableTest, FindsALinkByItsPairOfPoints) {
+    add("002B15/3", "001A11/2");
+    add("002B15/3", "001A11/7", "Sensore ", std::string(kImpostaValoreRiferimento));
+    links.LINK_CORRENTE.identificativoRX = "002B15/3";
+    links.LINK_CORRENTE.identificativoTX = "001A11/2";
+    links.CERCA_LINK_E();
+    EXPECT_EQ(links.ESITO_LINK, kEsitoEsisteGia);
+    EXPECT_EQ(links.ID_LINK, 1);
+    links.LINK_CORRENTE.identificativoTX = "001A11/7";
+    links.CERCA_LINK_E();
+    EXPECT_EQ(links.ESITO_LINK, kEsitoImposta);
+    EXPECT_EQ(links.ID_LINK, 2);
+    links.LINK_CORRENTE.identificativoTX = "001A11/1";
+    links.CERCA_LINK_E();
+    EXPECT_EQ(links.ESITO_LINK, kEsitoNuovo);
+    EXPECT_EQ(links.ID_LINK, 0);
+    links.CERCA_LINK_SUCESSIVO(2);
+    EXPECT_EQ(links.ESITO_LINK, kEsitoEsisteGia);
+    links.CERCA_LINK_SUCESSIVO(3);
+    EXPECT_EQ(links.ESITO_LINK, kEsitoNuovo);
+}
+
+TEST_F(LinkTableTest, TheTableInMemoryHoldsTheBusValues) {
+    add("002B15/3", "1/2");
+    sql("UPDATE associazioni SET on_ = '/100', off_ = '/000', minuto = '/100', settimana = '10000001' "
+        "WHERE ID = 1");
+    add_second_page();
+    add("00031E/1", "001A11/2");
+    sql("UPDATE associazioni SET settimana = '10000001', on_ = '/050', minuto = '/050' WHERE ID = 3");
+    links.LEGGI_LINK();
+    ASSERT_EQ(links.N_LINK(), 2);  // the second page has no receiver
+    const LinkRow& a = links.link(1);
+    EXPECT_EQ(a.ID, 1);
+    EXPECT_EQ(a.identificativoTX, "01/2");  // padded to 4
+    EXPECT_EQ(a.on_, "251");
+    EXPECT_EQ(a.off_, "9");
+    EXPECT_EQ(a.minuto, "240");  // 255 capped
+    EXPECT_EQ(a.settimana, "129");
+    const LinkRow& b = links.link(2);
+    EXPECT_EQ(b.settimana, "10000001");  // message bits stay as stored
+    EXPECT_EQ(b.on_, "130");
+    EXPECT_EQ(b.minuto, "127");
+    EXPECT_FALSE(links.exceeds_row_limit());
+}
+
+TEST_F(LinkTableTest, MoreRowsThanTheClassicLimitAreHeldAndReported) {
+    {
+        sqlite::Transaction t(project.database());
+        for (int i = 0; i < 3001; ++i) add("002B15/3", "001A11/" + std::to_string(1 + i % 8));
+        t.commit();
+    }
+    links.LEGGI_LINK();
+    EXPECT_EQ(links.N_LINK(), 3001);
+    EXPECT_TRUE(links.exceeds_row_limit());
+}
+
+TEST_F(LinkTableTest, DescribesALinkForTheEditor) {
+    add("002B15/3", "001A11/2");
+    sql("UPDATE associazioni SET tempo_on1 = '1', tempo_on2 = '0', tempo_off2 = '123D', "
+        "modo_ = '010110012', settimana = '10000000' WHERE ID = 1");
+    add_second_page("001044");
+    links.CERCA_LINK_PER_ID(1, 2);
+    EXPECT_EQ(links.ESITO_LINK, kEsitoEsisteGia);
+    EXPECT_EQ(links.TESTO_LINK,
+              "001A11/2  --->   002B15/3\n"
+              "Pulsante    --->   Luce \n"
+              "T.ON=256      T.RIT.ACCENSIONE=123       T.RIT.SPEGNIMENTO=300\n"
+              "Modo=01011001\n"
+              "USA VALORE COMPARATO  EVENTO SI  EVENTO SI  PASSO PASSO  \n"
+              "Valore on=251 Valore off=8\n"
+              "Lampeggio ON");
+
+    // At the first level the look-up is all.
+    links.TESTO_LINK.clear();
+    links.CERCA_LINK_PER_ID(1, 1);
+    EXPECT_EQ(links.ESITO_LINK, kEsitoEsisteGia);
+    EXPECT_EQ(links.TESTO_LINK, "");
+    links.CERCA_LINK_PER_ID(99, 3);
+    EXPECT_EQ(links.ESITO_LINK, kEsitoNuovo);
+
+    // Outputs from 9 up show no times and only two of the flags.
+    sql("UPDATE associazioni SET numero_uscita = '12', modo_ = '010001112' WHERE ID = 1");
+    links.CERCA_LINK_PER_ID(1, 3);
+    EXPECT_EQ(links.TESTO_LINK,
+              "001A11/2  --->   002B15/3\nPulsante    --->   Luce \n\n"
+              "Modo=01000111\n"
+              "USA VALORE COMPARATO  CONSIDERA INGRESSO INVERTITO  \n"
+              "Valore on=251 Valore off=8\nLampeggio ON");
+
+    sql("UPDATE associazioni SET nick_ricevente = 'MESSAGGIO 3' WHERE ID = 1");
+    links.CERCA_LINK_PER_ID(1, 3);
+    EXPECT_EQ(links.TESTO_LINK,
+              "001A11/2  --->   002B15/3\nPulsante    --->   MESSAGGIO 3\n\nModo=01000111");
+}
+
+TEST_F(LinkTableTest, DetailsForTheAnalysisOfAnOutput) {
+    add("002B15/3", "001A11/2");
+    sql("UPDATE associazioni SET tempo_on1 = '1', tempo_on2 = '0', \"and\" = '10100000' "
+        "WHERE ID = 1");
+    add_second_page("002001");
+    links.DATI_DEL_LINK(1);
+    EXPECT_EQ(links.DATI_LINK.tempo_on, 256);
+    EXPECT_EQ(links.DATI_LINK.and_, "10100000");
+    EXPECT_EQ(links.DATI_LINK.modo, "00000011");
+    EXPECT_EQ(links.DATI_LINK.tempo_spegnimento, 513);
+    EXPECT_EQ(links.DATI_LINK.lampeggio, "");
+    links.ESITO_LINK.clear();
+    links.DATI_DEL_LINK(42);
+    EXPECT_EQ(links.ESITO_LINK, kEsitoNuovo);
+}
+
+TEST(LinkValues, PercentagesAndTimes) {
+    EXPECT_EQ(on_off_bus_value("/100"), "251");
+    EXPECT_EQ(on_off_bus_value("/000"), "9");
+    EXPECT_EQ(on_off_bus_value("/0"), "9");
+    EXPECT_EQ(on_off_bus_value("/033"), "88");  // 33 * 2.42 = 79.86
+    EXPECT_EQ(on_off_bus_value("252"), "252");
+    EXPECT_EQ(minuto_bus_value("/100"), "240");
+    EXPECT_EQ(minuto_bus_value("/094"), "239");
+    EXPECT_EQ(minuto_bus_value("/095"), "240");
+    EXPECT_EQ(minuto_bus_value("00"), "00");
+    EXPECT_EQ(time_value("1", "0"), 256);
+    EXPECT_EQ(time_value("1", "123D"), 379);  // the tenths mark is no part of the value
+    EXPECT_EQ(time_value("", ""), 0);
+    EXPECT_EQ(dato13_value("001044"), 300);
+    EXPECT_EQ(dato13_value("001044D"), 300);
+    EXPECT_EQ(dato13_value(""), 0);
+}
+
+}  // namespace
+}  // namespace filo::store
