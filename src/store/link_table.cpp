@@ -20,11 +20,28 @@ LinkRow row_from(const sqlite::Statement& q) {
     LinkRow r;
     int c = 0;
     r.ID = q.integer(c++);
-    for (std::string* field :
-         {&r.identificativoRX, &r.identificativoTX, &r.numero_uscita, &r.nick_ricevente,
-          &r.numero_ingresso, &r.nick_trasmittente, &r.opzione, &r.tempo_on1, &r.tempo_on2,
-          &r.modo_, &r.on_, &r.off_, &r.note, &r.tempo_off1, &r.tempo_off2, &r.and_, &r.minuto,
-          &r.ora, &r.giorno, &r.settimana, &r.dato13, &r.dato14})
+    for (std::string* field : {&r.identificativoRX,
+                               &r.identificativoTX,
+                               &r.numero_uscita,
+                               &r.nick_ricevente,
+                               &r.numero_ingresso,
+                               &r.nick_trasmittente,
+                               &r.opzione,
+                               &r.tempo_on1,
+                               &r.tempo_on2,
+                               &r.modo_,
+                               &r.on_,
+                               &r.off_,
+                               &r.note,
+                               &r.tempo_off1,
+                               &r.tempo_off2,
+                               &r.and_,
+                               &r.minuto,
+                               &r.ora,
+                               &r.giorno,
+                               &r.settimana,
+                               &r.dato13,
+                               &r.dato14})
         *field = q.text(c++);
     return r;
 }
@@ -54,8 +71,8 @@ bool LinkTable::read_row(std::int64_t id, LinkRow& row) {
 void LinkTable::LEGGI_LINK() {
     TABELLA_LINK.clear();
     // Rows without a receiver are second pages: nothing reads them from here.
-    sqlite::Statement q = project_.database().prepare(
-        std::string(kColumns) + "WHERE identificativoRX <> '' ORDER BY ID");
+    sqlite::Statement q = project_.database().prepare(std::string(kColumns) +
+                                                      "WHERE identificativoRX <> '' ORDER BY ID");
     while (q.step()) {
         LinkRow r = row_from(q);
         if (r.identificativoTX.size() < 4)
@@ -84,11 +101,27 @@ void LinkTable::AGGIUNGI_LINK() {
     const LinkRow& l = LINK_CORRENTE;
     int p = 1;
     insert.bind(p++, id);
-    for (const std::string* field :
-         {&l.identificativoRX, &l.identificativoTX, &l.numero_uscita, &l.nick_ricevente,
-          &l.numero_ingresso, &l.nick_trasmittente, &l.opzione, &l.tempo_on1, &l.tempo_on2,
-          &l.modo_, &l.on_, &l.off_, &l.note, &l.tempo_off1, &l.tempo_off2, &l.and_, &l.minuto,
-          &l.ora, &l.giorno, &l.settimana, &l.dato13})
+    for (const std::string* field : {&l.identificativoRX,
+                                     &l.identificativoTX,
+                                     &l.numero_uscita,
+                                     &l.nick_ricevente,
+                                     &l.numero_ingresso,
+                                     &l.nick_trasmittente,
+                                     &l.opzione,
+                                     &l.tempo_on1,
+                                     &l.tempo_on2,
+                                     &l.modo_,
+                                     &l.on_,
+                                     &l.off_,
+                                     &l.note,
+                                     &l.tempo_off1,
+                                     &l.tempo_off2,
+                                     &l.and_,
+                                     &l.minuto,
+                                     &l.ora,
+                                     &l.giorno,
+                                     &l.settimana,
+                                     &l.dato13})
         insert.bind(p++, *field);
     insert.run();
     t.commit();

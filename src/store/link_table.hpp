@@ -35,7 +35,7 @@ struct LinkDetails {
 // The operations on table associazioni and the link variables they fill.
 // Rows are never renumbered: a link is a run of consecutive IDs.
 class LinkTable {
-public:
+  public:
     explicit LinkTable(Project& project) : project_(project) {}
 
     // The link being written; AGGIUNGI_LINK appends it (its ID is not used).
@@ -68,7 +68,7 @@ public:
     // One row as stored; false when there is none with that ID.
     bool read_row(std::int64_t id, LinkRow& row);
 
-private:
+  private:
     Project& project_;
 };
 

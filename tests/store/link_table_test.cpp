@@ -8,10 +8,10 @@ namespace filo::store {
 namespace {
 
 class LinkTableTest : public testing::StoreTest {
-protected:
+  protected:
     // Appends a link row as the editor writes one; returns its ID.
-    std::int64_t add(const std::string& rx, const std::string& tx, const std::string& nick_tx = "Pulsante ",
-                     const std::string& note = "") {
+    std::int64_t add(const std::string& rx, const std::string& tx,
+                     const std::string& nick_tx = "Pulsante ", const std::string& note = "") {
         LinkRow& l = links.LINK_CORRENTE;
         l = LinkRow{};
         l.identificativoRX = rx;
@@ -81,12 +81,12 @@ TEST_F(LinkTableTest, ALinkOfSeveralRowsIsWrittenWholeOrNotAtAll) {
 }
 
 TEST_F(LinkTableTest, DeletingALinkTakesItsContinuationAndNothingElse) {
-    add("002B15/3", "001A11/2");  // 1
-    add_second_page();            // 2
-    add("002B15/4", "001A11/3");  // 3: a link of its own
-    add("002B15/5", "001A11/4");  // 4
-    add("", "", "SECONDA RIGA");  // 5: a channel row, held by its marker
-    add("002B15/6", "001A11/5");  // 6
+    add("002B15/3", "001A11/2");      // 1
+    add_second_page();                // 2
+    add("002B15/4", "001A11/3");      // 3: a link of its own
+    add("002B15/5", "001A11/4");      // 4
+    add("", "", "SECONDA RIGA");      // 5: a channel row, held by its marker
+    add("002B15/6", "001A11/5");      // 6
     add("FFFEFF/1", "", "NET_GATE");  // 7: a gateway channel's own row
 
     links.ID_LINK = 1;
@@ -135,11 +135,13 @@ TEST_F(LinkTableTest, FindsALinkByItsPairOfPoints) {
 
 TEST_F(LinkTableTest, TheTableInMemoryHoldsTheBusValues) {
     add("002B15/3", "1/2");
-    sql("UPDATE associazioni SET on_ = '/100', off_ = '/000', minuto = '/100', settimana = '10000001' "
+    sql("UPDATE associazioni SET on_ = '/100', off_ = '/000', minuto = '/100', settimana = "
+        "'10000001' "
         "WHERE ID = 1");
     add_second_page();
     add("00031E/1", "001A11/2");
-    sql("UPDATE associazioni SET settimana = '10000001', on_ = '/050', minuto = '/050' WHERE ID = 3");
+    sql("UPDATE associazioni SET settimana = '10000001', on_ = '/050', minuto = '/050' WHERE ID = "
+        "3");
     links.LEGGI_LINK();
     ASSERT_EQ(links.N_LINK(), 2);  // the second page has no receiver
     const LinkRow& a = links.link(1);
