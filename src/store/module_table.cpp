@@ -66,6 +66,26 @@ std::string numeric_text(std::string_view text) {
     return std::to_string(v);
 }
 
+// The row as stored, Null read as "".
+NickRow row_from(const sqlite::Statement& q) {
+    NickRow r;
+    r.ID = q.integer(kId);
+    r.codice = q.text(kCodice);
+    r.campo = q.text(kCampo);
+    r.numero_filo = q.text(kNumeroFilo);
+    r.nick = q.text(kNick);
+    r.note = q.text(kNote);
+    r.modo = q.text(kModo);
+    r.tipologia = q.text(kTipologia);
+    r.connesso = q.text(kConnesso);
+    r.riserva = q.text(kRiserva);
+    r.riserva2 = q.text(kRiserva2);
+    r.riserva3 = q.text(kRiserva3);
+    r.riserva4 = q.text(kRiserva4);
+    r.dati_aggiuntivi1 = q.text(kDatiAggiuntivi1);
+    return r;
+}
+
 void bind_row_columns(sqlite::Statement& s, const NickRow& r) {
     s.bind(1, r.codice)
         .bind(2, r.campo)
@@ -92,22 +112,8 @@ void ModuleTable::LEGGI_MODULO(std::string_view codice) {
     const bool panel_interface = mid(codice, 5, 2) == "1E";
     bool parameters_checked = false;
     while (q.step()) {
-        NickRow& r = rows.emplace_back();
-        r.ID = q.integer(kId);
-        r.codice = q.text(kCodice);
-        r.campo = q.text(kCampo);
-        r.numero_filo = q.text(kNumeroFilo);
-        r.nick = q.text(kNick);
-        r.note = q.text(kNote);
+        NickRow& r = rows.emplace_back(row_from(q));
         nick_numerico = number_text(q, kNickNumerico);
-        r.modo = q.text(kModo);
-        r.tipologia = q.text(kTipologia);
-        r.connesso = q.text(kConnesso);
-        r.riserva = q.text(kRiserva);
-        r.riserva2 = q.text(kRiserva2);  // Null reads as ""
-        r.riserva3 = q.text(kRiserva3);
-        r.riserva4 = q.text(kRiserva4);
-        r.dati_aggiuntivi1 = q.text(kDatiAggiuntivi1);
         if (panel_interface && !q.is_null(kRiserva2)) {
             // The panel interface keeps texts in these columns, not fixed-width
             // fields: they are taken as stored.
@@ -135,6 +141,13 @@ void ModuleTable::LEGGI_MODULO(std::string_view codice) {
     }
     RIGHE_MODULO.rows = std::move(rows);
     RIGHE_MODULO.M_NICK_NUMERICO = nick_numerico;
+}
+
+std::vector<NickRow> ModuleTable::read_rows(std::string_view codice) {
+    sqlite::Statement q = rows_of_module(project_.database(), codice);
+    std::vector<NickRow> rows;
+    while (q.step()) rows.push_back(row_from(q));
+    return rows;
 }
 
 void ModuleTable::LEGGI_INFORMAZIONE(std::string_view numero, std::string_view campo) {

@@ -71,6 +71,10 @@ class ModuleTable {
     std::string NOME_DOPPIO;
 
     void LEGGI_MODULO(std::string_view codice);
+    // The rows of a module exactly as stored (Null as ""), in ID order,
+    // without touching the shared record: for readers that apply their own
+    // rules, such as the programming image.
+    std::vector<NickRow> read_rows(std::string_view codice);
     void LEGGI_INFORMAZIONE(std::string_view numero, std::string_view campo);
     void VERIFICA_MODULO(std::string_view codice);
     void LEGGI_RIGA_ID(std::int64_t id);
