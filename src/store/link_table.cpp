@@ -1,5 +1,7 @@
 #include "store/link_table.hpp"
 
+#include <algorithm>
+
 #include "common/basic_functions.hpp"
 #include "store/project.hpp"
 #include "store/sqlite.hpp"
@@ -151,6 +153,59 @@ void LinkTable::CANCELLA_LINK_SUCESSIVO() {
     sqlite::Statement del = db.prepare("DELETE FROM associazioni WHERE ID = ?1");
     del.bind(1, ID_LINK + 1);
     del.run();
+}
+
+void LinkTable::CERCA_IN_SE_COLLEGATO(const std::string& nome) {
+    COLLEGATO.clear();
+    if (nome.empty()) return;
+    sqlite::Statement q = project_.database().prepare(
+        "SELECT nick_ricevente FROM associazioni WHERE nick_trasmittente = ?1 COLLATE NOCASE "
+        "ORDER BY ID LIMIT 1");
+    q.bind(1, nome);
+    if (!q.step()) return;
+    RICEVENTE_COLLEGATO = q.text(0);
+    COLLEGATO = "SI";
+}
+
+void LinkTable::CERCA_OUT_SE_COLLEGATO(const std::string& nome) {
+    COLLEGATO.clear();
+    if (nome.empty()) return;
+    sqlite::Statement q = project_.database().prepare(
+        "SELECT 1 FROM associazioni WHERE nick_ricevente = ?1 COLLATE NOCASE LIMIT 1");
+    q.bind(1, nome);
+    if (q.step()) COLLEGATO = "SI";
+}
+
+void LinkTable::AGGIORNA_NICK_NEI_LINK_DA_FORM5(const std::string& codice,
+                                                const ModuleRecord& module) {
+    sqlite::Connection& db = project_.database();
+    sqlite::Transaction t(db);
+    sqlite::Statement receiver = db.prepare(
+        "UPDATE associazioni SET nick_ricevente = ?1 WHERE \"LEFT\"(identificativoRX,6) = ?2 "
+        "COLLATE NOCASE AND numero_uscita = ?3");
+    sqlite::Statement command = db.prepare(
+        "UPDATE associazioni SET nick_trasmittente = ?1 WHERE \"LEFT\"(identificativoTX,6) = ?2 "
+        "COLLATE NOCASE AND numero_ingresso = ?3");
+    auto rename = [&codice](sqlite::Statement& s, const std::string& name, long long number) {
+        s.bind(1, name).bind(2, codice).bind(3, std::to_string(number));
+        s.run();
+        s.reset();
+    };
+    const std::string type(mid(codice, 5, 2));
+    const bool flags = type == "11" || type == "12" || type == "15" || type == "25";
+    const int last_output = std::min(module.N_RIGHE_MODULO(), flags ? 32 : 16);
+    for (int i = 9; i <= last_output; ++i)
+        rename(receiver, module.riga(i).nick,
+               static_cast<long long>(val(module.riga(i).numero_filo)));
+    for (int i = 1; i <= 8 && i <= module.N_RIGHE_MODULO(); ++i) {
+        const auto number = static_cast<long long>(val(module.riga(i).numero_filo));
+        rename(command, module.riga(i).nick, number);
+        rename(command, module.riga(i).nick, number + 8);  // held
+    }
+    // Events of outputs 1 to 8 are the command numbers 17 to 24.
+    for (int n = 17; n <= 24 && n - 8 <= module.N_RIGHE_MODULO(); ++n)
+        rename(command, module.riga(n - 8).nick, n);
+    t.commit();
 }
 
 void LinkTable::CERCA_LINK_E() {

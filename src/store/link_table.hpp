@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "store/link_row.hpp"
+#include "store/nick_row.hpp"
 
 namespace filo::store {
 
@@ -64,6 +65,18 @@ class LinkTable {
     void CERCA_LINK_PER_ID(std::int64_t id, int livello);
     void CERCA_LINK_SUCESSIVO(std::int64_t id);
     void DATI_DEL_LINK(std::int64_t id);
+
+    // Is a command point (CERCA_IN_SE_COLLEGATO) or an output
+    // (CERCA_OUT_SE_COLLEGATO) of this name in a link? COLLEGATO "SI" or "".
+    std::string COLLEGATO;
+    std::string RICEVENTE_COLLEGATO;
+    void CERCA_IN_SE_COLLEGATO(const std::string& nome);
+    void CERCA_OUT_SE_COLLEGATO(const std::string& nome);
+
+    // After a module was saved: the names of its points, copied into every
+    // link that names them (as receiver, as command, held or as an event of
+    // an output). Links with a marker in place of a number stay as they are.
+    void AGGIORNA_NICK_NEI_LINK_DA_FORM5(const std::string& codice, const ModuleRecord& module);
 
     // One row as stored; false when there is none with that ID.
     bool read_row(std::int64_t id, LinkRow& row);

@@ -13,6 +13,7 @@ struct Entry {
 constexpr Entry kEntries[] = {
 #include "texts.def"
 #include "texts_filo.def"
+#include "texts_captions.def"
 };
 #undef FILO_TEXT
 #undef NONE

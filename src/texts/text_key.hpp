@@ -5,11 +5,12 @@
 namespace filo::texts {
 
 // One key per entry of the text tables (data/texts.def, then
-// data/texts_filo.def). Every text the user reads is looked up by one of these.
+// data/texts_filo.def, data/texts_captions.def). Every text the user reads is looked up by one of these.
 enum class Text : std::uint16_t {
 #define FILO_TEXT(key, ...) key,
 #include "texts.def"
 #include "texts_filo.def"
+#include "texts_captions.def"
 #undef FILO_TEXT
 };
 
@@ -22,6 +23,7 @@ inline constexpr std::size_t kClassicTextCount = 0
 inline constexpr std::size_t kTextCount = kClassicTextCount
 #define FILO_TEXT(...) +1
 #include "texts_filo.def"
+#include "texts_captions.def"
 #undef FILO_TEXT
     ;
 

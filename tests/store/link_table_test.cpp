@@ -224,6 +224,34 @@ TEST_F(LinkTableTest, DetailsForTheAnalysisOfAnOutput) {
     EXPECT_EQ(links.ESITO_LINK, kEsitoNuovo);
 }
 
+TEST_F(LinkTableTest, RenamedPointsFollowIntoTheirLinks) {
+    testing::add_module(table, "002B15", 32, "Quadro");
+    add("002B15/3", "001A11/2");              // output 3 as receiver
+    add("00991F/1", "002B15/2");              // input 2 as command
+    add("00991F/2", "002B15/10");             // input 2 held
+    add("00991F/3", "002B15/19");             // event of output 3
+    add("00991F/4", "002B15/26", "ALMENO1");  // an aggregate keeps its marker
+    add("00991F/5", "00AAAA/2");              // another module
+    table.LEGGI_MODULO("002B15");
+    table.RIGHE_MODULO.riga(11).nick = "Luce dell'ingresso ";
+    table.RIGHE_MODULO.riga(2).nick = "Pulsante porta";
+    links.AGGIORNA_NICK_NEI_LINK_DA_FORM5("002B15", table.RIGHE_MODULO);
+    LinkRow r;
+    links.read_row(1, r);
+    EXPECT_EQ(r.nick_ricevente, "Luce dell'ingresso ");
+    EXPECT_EQ(r.nick_trasmittente, "Pulsante ");
+    links.read_row(2, r);
+    EXPECT_EQ(r.nick_trasmittente, "Pulsante porta");
+    links.read_row(3, r);
+    EXPECT_EQ(r.nick_trasmittente, "Pulsante porta");
+    links.read_row(4, r);
+    EXPECT_EQ(r.nick_trasmittente, "Luce dell'ingresso ");
+    links.read_row(5, r);
+    EXPECT_EQ(r.nick_trasmittente, "ALMENO1");
+    links.read_row(6, r);
+    EXPECT_EQ(r.nick_trasmittente, "Pulsante ");
+}
+
 TEST(LinkValues, PercentagesAndTimes) {
     EXPECT_EQ(on_off_bus_value("/100"), "251");
     EXPECT_EQ(on_off_bus_value("/000"), "9");

@@ -1,0 +1,134 @@
+#include "modules/module_rows.hpp"
+
+#include <gtest/gtest.h>
+
+#include "store/store_fixture.hpp"
+
+namespace filo::modules {
+namespace {
+
+using ModuleRowsTest = testing::StoreTest;
+
+TEST_F(ModuleRowsTest, NewModuleRowsOfEachType) {
+    struct Case {
+        const char* code;
+        int rows;
+        const char* input_modo;
+        const char* output_tipologia;  // of row 9, when there is one
+    } cases[] = {
+        {"00011F", 16, "P00000000000000000000000", "MODULATORE"},
+        {"000211", 32, "P00000000000000000000000", "RELE"},
+        {"000349", 16, "P00000000000000000000000", "RELE"},
+        {"000414", 8, "P00000000000000000000000", nullptr},
+        {"000550", 8, "J00000000000000000000000", nullptr},
+        {"000619", 16, "K00000000000000000000000", "REGOLATORE"},
+        {"000734", 8, "R00000000000000000000000", nullptr},
+        {"000835", 8, "R00000000000000000000000", nullptr},
+        {"00094A", 16, "P00000000000000000000000", "RELE_RADIO"},
+    };
+    for (const Case& c : cases) {
+        table.CODICE_MODULO = c.code;
+        ASSERT_TRUE(prepare_new_module(table)) << c.code;
+        const store::ModuleRecord& m = table.RIGHE_MODULO;
+        ASSERT_EQ(m.N_RIGHE_MODULO(), c.rows) << c.code;
+        for (int r = 1; r <= c.rows; ++r) {
+            const store::NickRow& row = m.riga(r);
+            EXPECT_EQ(row.codice, c.code);
+            EXPECT_EQ(row.campo, std::to_string(r));
+            EXPECT_EQ(row.numero_filo, std::to_string(r <= 8 ? r : r - 8));
+            EXPECT_EQ(row.riserva3.size(), r == 1 ? 26u : 50u) << c.code << " row " << r;
+            EXPECT_EQ(row.riserva2, std::string(50, '0'));
+            const bool interlocked = (r == 9 || r == 10) && (std::string(c.code).ends_with("11") ||
+                                                             std::string(c.code).ends_with("49"));
+            if (!interlocked) {
+                EXPECT_EQ(row.modo, r <= 8 ? c.input_modo : "I00000000000000000000000")
+                    << c.code << " " << r;
+            }
+            EXPECT_EQ(row.tipologia, r <= 8 ? "INPUT" : c.output_tipologia);
+        }
+        table.AGGIUNGI_MODULO();
+    }
+    // Numbered one after the other.
+    EXPECT_EQ(count("SELECT COUNT(DISTINCT nick_numerico) FROM nick"), 9);
+    EXPECT_EQ(count("SELECT MAX(nick_numerico) FROM nick"), 9);
+    table.CODICE_MODULO = "000A1E";  // the panel interface has no description
+    EXPECT_FALSE(prepare_new_module(table));
+}
+
+TEST_F(ModuleRowsTest, TypeDependentMarks) {
+    table.CODICE_MODULO = "000112";
+    prepare_new_module(table);
+    EXPECT_EQ(table.RIGHE_MODULO.riga(9).modo[17],
+              '1');  // each relay has the other's RECIPROCO bit
+    EXPECT_EQ(table.RIGHE_MODULO.riga(10).modo[16], '1');
+    EXPECT_EQ(table.RIGHE_MODULO.riga(11).modo, "I00000000000000000000000");
+
+    table.CODICE_MODULO = "000215";
+    prepare_new_module(table);
+    EXPECT_EQ(table.RIGHE_MODULO.riga(9).modo, "I00000000000000000000000");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(9).connesso, "........");
+
+    table.CODICE_MODULO = "000325";
+    prepare_new_module(table);
+    EXPECT_EQ(table.RIGHE_MODULO.riga(1).connesso, "........");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(32).connesso, ".E......");
+
+    table.CODICE_MODULO = "000426";
+    prepare_new_module(table);
+    EXPECT_EQ(table.RIGHE_MODULO.riga(3).connesso, ".E......");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(16).connesso, ".E......");
+
+    table.CODICE_MODULO = "00051A";
+    prepare_new_module(table);
+    EXPECT_EQ(table.RIGHE_MODULO.riga(1).connesso, ".G......");  // generic reader
+    EXPECT_EQ(table.RIGHE_MODULO.riga(2).connesso, "........");
+
+    std::string letter = "PX";
+    table.CODICE_MODULO = "00061F";
+    CREA_RIGHE_INGRESSI(table, "INPUT", letter);
+    EXPECT_EQ(letter, "P");
+}
+
+TEST_F(ModuleRowsTest, VideoDoorPagesAreMadeTogetherOnce) {
+    CREA_VIDEOCITOFONO(table);
+    EXPECT_EQ(table.CODICE_MODULO, "FFF023");
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick"), 64);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = 'FFF323' AND modo LIKE 'z%' AND "
+                    "campo+0 <= 8"),
+              8);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = 'FFF123' AND modo LIKE 'v%' AND "
+                    "campo+0 <= 8"),
+              8);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = 'FFF223' AND tipologia = 'VCITOF'"),
+              8);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE note = 'PAGINA 2 VIDEOCITOFONO'"), 16);
+    EXPECT_EQ(
+        count(
+            "SELECT COUNT(*) FROM nick WHERE codice = 'FFF323' AND note = 'TIMER  VIDEOCITOFONO'"),
+        3);
+    EXPECT_EQ(
+        count(
+            "SELECT COUNT(*) FROM nick WHERE codice = 'FFF323' AND note = 'LIBERO  VIDEOCITOFONO'"),
+        6);
+
+    // The first page standing for all: a missing fourth page is not made again.
+    sql("UPDATE nick SET codice = 'FFF3FF' WHERE codice = 'FFF323'");
+    CREA_VIDEOCITOFONO(table);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick"), 64);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = 'FFF323'"), 0);
+}
+
+TEST_F(ModuleRowsTest, PanelInterfaceRows) {
+    table.CODICE_MODULO = "00071E";
+    PREPARA_OUT_232(table);
+    ASSERT_EQ(table.RIGHE_MODULO.N_RIGHE_MODULO(), 99);
+    const store::NickRow& last = table.RIGHE_MODULO.riga(99);
+    EXPECT_EQ(last.campo, "99");
+    EXPECT_EQ(last.numero_filo, "99");
+    EXPECT_EQ(last.tipologia, "OUT_SERIALE");
+    EXPECT_EQ(last.connesso, "0");
+    EXPECT_EQ(last.riserva2, "");
+}
+
+}  // namespace
+}  // namespace filo::modules
