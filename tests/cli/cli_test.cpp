@@ -86,6 +86,11 @@ TEST_F(CliTest, TextsPrintsEveryEntryInTheChosenLanguage) {
     auto spanish = cli({"texts", "--lang", "spa"});
     ASSERT_EQ(spanish.exit_code, 0) << spanish.err;
     EXPECT_NE(spanish.out.find("\tMENU_OPEN_PROJECT\tAbre proyecto \n"), std::string::npos);
+    // French has no units: they stay as the Italian the run starts from.
+    auto french = cli({"texts", "--lang", "FRA"});
+    ASSERT_EQ(french.exit_code, 0) << french.err;
+    EXPECT_NE(french.out.find("\tMENU_OPEN_PROJECT\tOuvrir un projet \n"), std::string::npos);
+    EXPECT_NE(french.out.find("\tUNIT_DEGREES_ROOM\tgradi C°\n"), std::string::npos);
 }
 
 TEST_F(CliTest, WrongUsageExitsTwo) {
