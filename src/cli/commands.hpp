@@ -13,5 +13,11 @@ int new_project(Context& context, const std::string& path);
 int list_modules(Context& context, const std::string& project_path);
 // The text table as it stands after choosing the language from Italian.
 int print_texts(Context& context);
+// IMMAGINE_MODULO of one module, one NAME=value a line.
+int print_module_image(Context& context, const std::string& project_path, const std::string& code);
+// A 6-digit module code with its check digits, or an 8-character one checked.
+int module_code(Context& context, const std::string& code);
+// A frame written without its checksum, with the checksum in place.
+int frame_with_checksum(Context& context, const std::string& frame);
 
 }  // namespace filo::cli

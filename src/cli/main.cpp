@@ -29,6 +29,16 @@ int run(int argc, char** argv) {
     auto* cmd_modules = app.add_subcommand("modules", "List the modules and the named points");
     cmd_modules->add_option("project", path, "The project file")->required();
     auto* cmd_texts = app.add_subcommand("texts", "Print the text table");
+    std::string image_code;
+    auto* cmd_image = app.add_subcommand("image", "The masks and parameters programming sends");
+    cmd_image->add_option("project", path, "The project file")->required();
+    cmd_image->add_option("code", image_code, "The module's 6-character code")->required();
+    std::string code;
+    auto* cmd_code = app.add_subcommand("code", "The code printed on a module, or check one");
+    cmd_code->add_option("code", code, "6 hex digits, or the 8 characters printed")->required();
+    std::string frame;
+    auto* cmd_frame = app.add_subcommand("frame", "Put the checksum into a frame without it");
+    cmd_frame->add_option("frame", frame, "The frame, e.g. (600000055]")->required();
 
     try {
         app.parse(argc, argv);
@@ -50,6 +60,9 @@ int run(int argc, char** argv) {
         if (*cmd_new) return filo::cli::new_project(context, path);
         if (*cmd_modules) return filo::cli::list_modules(context, path);
         if (*cmd_texts) return filo::cli::print_texts(context);
+        if (*cmd_image) return filo::cli::print_module_image(context, path, image_code);
+        if (*cmd_code) return filo::cli::module_code(context, code);
+        if (*cmd_frame) return filo::cli::frame_with_checksum(context, frame);
     } catch (const filo::cli::UserError& e) {
         std::cerr << e.what() << '\n';
         return filo::cli::kExitUserError;

@@ -1,0 +1,80 @@
+// filo-cli's code and frame commands, run as a separate process.
+#include <gtest/gtest.h>
+
+#include "support/run_program.hpp"
+#include "support/temp_dir.hpp"
+
+namespace filo {
+namespace {
+
+using testing::run_program;
+
+class BusCliTest : public ::testing::Test {
+  protected:
+    testing::ProgramResult cli(const std::vector<std::string>& args) {
+        return run_program("filo-cli", args, {{"FILO_HOME", (dir / "home").string()}});
+    }
+    testing::TempDir dir;
+};
+
+TEST_F(BusCliTest, CodeGivesOrChecksTheCheckDigits) {
+    struct Case {
+        const char* typed;
+        int exit_code;
+        const char* out;
+    } cases[] = {
+        {"00121F", 0, "00121F68\n"},
+        {"00121f", 0, "00121F68\n"},
+        {"00121F68", 0, "00121F68\n"},
+        {"00121f68", 0, "00121F68\n"},
+        {"FFFEFF64", 0, "FFFEFF64\n"},
+        {"00121F69", 1, ""},
+        {"00121G", 1, ""},
+        {"00121", 1, ""},
+        {"00121F6", 1, ""},
+        {"00121F680", 1, ""},
+        {"0012 F68", 1, ""},
+        {"", 1, ""},
+    };
+    for (const auto& c : cases) {
+        const auto r = cli({"code", c.typed});
+        EXPECT_EQ(r.exit_code, c.exit_code) << c.typed << ": " << r.err;
+        EXPECT_EQ(r.out, c.out) << c.typed;
+        EXPECT_EQ(r.err, c.exit_code == 0 ? "" : "Codice inserito non corretto\n") << c.typed;
+    }
+}
+
+TEST_F(BusCliTest, FramePutsTheChecksumBehindTheStartMark) {
+    struct Case {
+        const char* frame;
+        int exit_code;
+        const char* out;
+    } cases[] = {
+        {"(600000055]", 0, "(1E600000055]\n"},
+        {"(6000000AA]", 0, "(366000000AA]\n"},
+        {"[A00120000]", 0, "[22A00120000]\n"},
+        {"(]", 0, "(5E]\n"},
+        {"600000055]", 1, ""},
+        {"(600000055", 1, ""},
+        {"(", 1, ""},
+        {"]", 1, ""},
+        {"", 1, ""},
+    };
+    for (const auto& c : cases) {
+        const auto r = cli({"frame", c.frame});
+        EXPECT_EQ(r.exit_code, c.exit_code) << c.frame << ": " << r.err;
+        EXPECT_EQ(r.out, c.out) << c.frame;
+        if (c.exit_code != 0) {
+            EXPECT_NE(r.err.find("Trama non valida"), std::string::npos) << c.frame;
+        }
+    }
+}
+
+TEST_F(BusCliTest, MissingArgumentsAreWrongUsage) {
+    EXPECT_EQ(cli({"code"}).exit_code, 2);
+    EXPECT_EQ(cli({"frame"}).exit_code, 2);
+    EXPECT_EQ(cli({"code", "00121F", "00121F"}).exit_code, 2);
+}
+
+}  // namespace
+}  // namespace filo

@@ -1,0 +1,94 @@
+// filo-cli image: the module image of one module, as the programming run sees it.
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <vector>
+
+#include "store/module_table.hpp"
+#include "store/project.hpp"
+#include "store/sqlite.hpp"
+#include "support/run_program.hpp"
+#include "support/sample_project.hpp"
+#include "support/temp_dir.hpp"
+
+namespace filo {
+namespace {
+
+std::vector<std::string> lines_of(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+}
+
+class ImageCliTest : public ::testing::Test {
+  protected:
+    ImageCliTest() : file(testing::make_empty_project(dir.path(), "casa")) {
+        store::Project p;
+        p.open(file);
+        store::ModuleTable table(p);
+        testing::add_module(table, "00A211", 32, "Quadro scale");
+        p.database().exec(
+            "UPDATE nick SET modo = 'V' || substr(modo, 2) WHERE codice = '00A211' AND campo = "
+            "'2';"
+            "UPDATE nick SET modo = 'I0000000' || '10000001' || '00000000' WHERE codice = "
+            "'00A211' AND campo = '10';"
+            "UPDATE nick SET riserva3 = '00000000' || '000200000000000000' WHERE codice = "
+            "'00A211' AND campo = '1';");
+    }
+
+    testing::ProgramResult cli(const std::vector<std::string>& args) {
+        return testing::run_program("filo-cli", args, {{"FILO_HOME", (dir / "home").string()}});
+    }
+
+    testing::TempDir dir;
+    std::filesystem::path file;
+};
+
+TEST_F(ImageCliTest, PrintsTheImageInTheOrderOfItsTable) {
+    const std::string before = testing::read_file(file);
+    auto r = cli({"image", file.string(), "00a211"});
+    ASSERT_EQ(r.exit_code, 0) << r.err;
+    EXPECT_EQ(r.err, "");
+    const std::vector<std::string> lines = lines_of(r.out);
+    // 8 masks, 3 texts, 3 arrays of 8, 5 of 16, 8 parameters, the group mask,
+    // 32 groups, 3 texts.
+    ASSERT_EQ(lines.size(), 8u + 3 + 24 + 80 + 8 + 1 + 32 + 3);
+    EXPECT_EQ(lines[0], "MASCHERA_INGRESSI=253");
+    EXPECT_EQ(lines[1], "MASCHERA_V=2");
+    EXPECT_EQ(lines[8], "TIPOLOGIE=FD0200000000");
+    EXPECT_EQ(lines[9], "HEX_INVERTITI=00");
+    EXPECT_EQ(lines[11], "AND_USCITA(1)=00000000");
+    EXPECT_EQ(lines[12], "AND_USCITA(2)=10000001");
+    EXPECT_EQ(lines[19], "RECIPROCI_USCITA(1)=00000000");
+    EXPECT_EQ(lines[35], "PARAMETRO_1(1)=000");
+    EXPECT_EQ(lines[50], "PARAMETRO_1(16)=000");
+    EXPECT_EQ(lines[115], "PERSONALIZZATO_1=000");
+    EXPECT_EQ(lines[116], "PERSONALIZZATO_2=255");
+    EXPECT_EQ(lines[123], "MASCHERA_GRUPPI=000");
+    EXPECT_EQ(lines[124], "GRUPPO(1)=000");
+    EXPECT_EQ(lines[156], "RIGHE_GRUPPO=000");
+    EXPECT_EQ(lines[157], "MESSAGGI_ATTIVI=");
+    EXPECT_EQ(lines[158], "NUMERO_TX_RF=000");
+    // Reading the image leaves the project as it was.
+    EXPECT_EQ(testing::read_file(file), before);
+}
+
+TEST_F(ImageCliTest, AModuleOrProjectThatIsNotThereIsAUserError) {
+    auto missing = cli({"image", file.string(), "0099AA"});
+    EXPECT_EQ(missing.exit_code, 1);
+    EXPECT_EQ(missing.out, "");
+    EXPECT_EQ(missing.err, "Modulo non presente nel progetto: 0099AA\n");
+
+    auto german = cli({"--lang", "TED", "image", file.string(), "0099AA"});
+    EXPECT_EQ(german.err, "Modul nicht im Projekt: 0099AA\n");
+
+    auto no_project = cli({"image", (dir / "manca.TRN").string(), "00A211"});
+    EXPECT_EQ(no_project.exit_code, 1);
+    EXPECT_EQ(no_project.err.rfind(" Questo progetto non esiste", 0), 0u) << no_project.err;
+
+    EXPECT_EQ(cli({"image", file.string()}).exit_code, 2);
+}
+
+}  // namespace
+}  // namespace filo

@@ -1,0 +1,50 @@
+#pragma once
+#include <cstdio>
+#include <string>
+
+#include "commissioning/module_image_reader.hpp"
+#include "store/store_fixture.hpp"
+
+namespace filo::testing {
+
+// An empty project with a reader of module images. Modules are added with the
+// shape the store gives them; tests then set the columns they need.
+class ModuleImageTest : public StoreTest {
+  protected:
+    // A new module of the given type, with a code of its own.
+    std::string add(const std::string& type, int rows = 16,
+                    const std::string& output_tipologia = "RELE") {
+        char number[8];
+        std::snprintf(number, sizeof number, "%04X", ++modules_);
+        const std::string codice = number + type;
+        add_module(table, codice, rows, "Quadro", output_tipologia);
+        return codice;
+    }
+
+    void set(const std::string& codice, int campo, const std::string& column,
+             const std::string& value) {
+        auto q = project.database().prepare("UPDATE nick SET " + column +
+                                            " = ?1 WHERE codice = ?2 AND campo = ?3");
+        q.bind(1, value).bind(2, codice).bind(3, std::to_string(campo));
+        q.run();
+    }
+
+    // Kind letters of the input rows, row 1 first.
+    void set_letters(const std::string& codice, const std::string& letters) {
+        for (std::size_t i = 0; i < letters.size(); ++i)
+            set(codice, static_cast<int>(i + 1), "modo", letters[i] + std::string(23, '0'));
+    }
+
+    commissioning::ModuleImage image(const std::string& codice) {
+        commissioning::ModuleImageReading r = reader.LEGGI_INGRESSI_MODULO(codice);
+        EXPECT_EQ(r.STATO_MODULO, store::kModuloEsistente) << codice;
+        return r.IMMAGINE_MODULO;
+    }
+
+    commissioning::ModuleImageReader reader{table};
+
+  private:
+    int modules_ = 0;
+};
+
+}  // namespace filo::testing
