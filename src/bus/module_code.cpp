@@ -21,4 +21,14 @@ bool check_digits_match(std::string_view typed) {
     return typed.size() == 8 && typed.substr(6) == CODICE_CONTROLLO(typed);
 }
 
+std::optional<std::string> filtered_code(std::string_view typed) {
+    std::string code;
+    for (char c : typed) {
+        if (c >= 'a' && c <= 'f') c = static_cast<char>(c - 'a' + 'A');
+        if (!((c >= '0' && c <= '9') || (c >= 'A' && c <= 'F'))) return std::nullopt;
+        code += c;
+    }
+    return code;
+}
+
 }  // namespace filo::bus

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <ostream>
 
 #include "bus/checksum.hpp"
@@ -7,27 +6,16 @@
 #include "cli/commands.hpp"
 
 namespace filo::cli {
-namespace {
-
-bool is_hex(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
-}
-
-}  // namespace
 
 int module_code(Context& context, const std::string& typed) {
-    // The typing filter of a code box turns "a"-"f" into capitals.
-    std::string code = typed;
-    std::transform(code.begin(), code.end(), code.begin(),
-                   [](char c) { return c >= 'a' && c <= 'f' ? static_cast<char>(c - 32) : c; });
-    const bool hex = std::all_of(code.begin(), code.end(), is_hex);
-    if (hex && code.size() == 6) {
-        context.out << bus::printed_code(code) << '\n';
+    const std::optional<std::string> code = bus::filtered_code(typed);
+    if (code && code->size() == 6) {
+        context.out << bus::printed_code(*code) << '\n';
         return kExitOk;
     }
-    if (!hex || !bus::check_digits_match(code))
+    if (!code || !bus::check_digits_match(*code))
         throw UserError(context.texts.text(texts::Text::CODE_NOT_CORRECT));
-    context.out << code << '\n';
+    context.out << *code << '\n';
     return kExitOk;
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 // The commands of filo-cli. Each returns the exit code, writes its result to
 // Context::out and throws UserError for a mistake of the user's.
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "cli/cli_context.hpp"
 
@@ -19,5 +21,28 @@ int print_module_image(Context& context, const std::string& project_path, const 
 int module_code(Context& context, const std::string& code);
 // A frame written without its checksum, with the checksum in place.
 int frame_with_checksum(Context& context, const std::string& frame);
+
+// A module entered by the code printed on it.
+struct ModuleRequest {
+    std::string project;
+    std::string code;      // the 8 characters printed on the module
+    std::string note;      // its description
+    std::string receiver;  // a remote element's receiver, if any
+};
+int add_module(Context& context, const ModuleRequest& request);
+
+// One point changed as the module window changes it.
+struct PointRequest {
+    std::string project;
+    std::string point;  // <code>/<row>
+    std::optional<std::string> name;
+    std::optional<std::string> kind;
+    std::optional<std::string> contact;
+    std::vector<std::string> parameters;  // FIELD=VALUE
+};
+int set_point(Context& context, const PointRequest& request);
+
+// The rows of the link table with the frame that programs each.
+int list_links(Context& context, const std::string& project_path);
 
 }  // namespace filo::cli

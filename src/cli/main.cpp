@@ -1,6 +1,7 @@
 // filo-cli: the commissioning core without windows.
 #include <CLI/CLI.hpp>
 #include <filesystem>
+#include <functional>
 #include <iostream>
 
 #include "cli/commands.hpp"
@@ -10,6 +11,7 @@
 namespace {
 
 using filo::cli::Context;
+using Command = std::function<int(Context&)>;
 
 int run(int argc, char** argv) {
     CLI::App app{"Filo: commissioning of home-automation installations on a serial field bus",
@@ -23,22 +25,58 @@ int run(int argc, char** argv) {
             return filo::texts::language_from_code(v, l) ? std::string() : "unknown language: " + v;
         });
 
-    std::string path;
-    auto* cmd_new = app.add_subcommand("new", "Create a project: <path>/<name>.TRN");
-    cmd_new->add_option("project", path, "The new project file")->required();
-    auto* cmd_modules = app.add_subcommand("modules", "List the modules and the named points");
-    cmd_modules->add_option("project", path, "The project file")->required();
-    auto* cmd_texts = app.add_subcommand("texts", "Print the text table");
-    std::string image_code;
-    auto* cmd_image = app.add_subcommand("image", "The masks and parameters programming sends");
-    cmd_image->add_option("project", path, "The project file")->required();
-    cmd_image->add_option("code", image_code, "The module's 6-character code")->required();
-    std::string code;
-    auto* cmd_code = app.add_subcommand("code", "The code printed on a module, or check one");
-    cmd_code->add_option("code", code, "6 hex digits, or the 8 characters printed")->required();
-    std::string frame;
-    auto* cmd_frame = app.add_subcommand("frame", "Put the checksum into a frame without it");
-    cmd_frame->add_option("frame", frame, "The frame, e.g. (600000055]")->required();
+    // Each subcommand with what it runs once the arguments are read.
+    std::vector<std::pair<CLI::App*, Command>> commands;
+    auto command = [&](const char* name, const char* help, Command run) {
+        CLI::App* sub = app.add_subcommand(name, help);
+        commands.emplace_back(sub, std::move(run));
+        return sub;
+    };
+    std::string path, code, frame;
+    filo::cli::ModuleRequest module;
+    filo::cli::PointRequest point;
+
+    command("new", "Create a project: <path>/<name>.TRN",
+            [&](Context& c) { return filo::cli::new_project(c, path); })
+        ->add_option("project", path, "The new project file")
+        ->required();
+    command("modules", "List the modules and the named points",
+            [&](Context& c) { return filo::cli::list_modules(c, path); })
+        ->add_option("project", path, "The project file")
+        ->required();
+    command("texts", "Print the text table", [&](Context& c) { return filo::cli::print_texts(c); });
+    auto* image = command("image", "The masks and parameters programming sends",
+                          [&](Context& c) { return filo::cli::print_module_image(c, path, code); });
+    image->add_option("project", path, "The project file")->required();
+    image->add_option("code", code, "The module's 6-character code")->required();
+    command("code", "The code printed on a module, or check one",
+            [&](Context& c) { return filo::cli::module_code(c, code); })
+        ->add_option("code", code, "6 hex digits, or the 8 characters printed")
+        ->required();
+    command("frame", "Put the checksum into a frame without it",
+            [&](Context& c) { return filo::cli::frame_with_checksum(c, frame); })
+        ->add_option("frame", frame, "The frame, e.g. (600000055]")
+        ->required();
+    command("links", "The link table with the frame that programs each row",
+            [&](Context& c) { return filo::cli::list_links(c, path); })
+        ->add_option("project", path, "The project file")
+        ->required();
+    auto* add = command("add-module", "Enter a module by the code printed on it",
+                        [&](Context& c) { return filo::cli::add_module(c, module); });
+    add->add_option("project", module.project, "The project file")->required();
+    add->add_option("code", module.code, "The 8 characters printed on the module")->required();
+    add->add_option("--note", module.note, "The module's description");
+    add->add_option("--receiver", module.receiver, "For a remote element: its receiver's code");
+    auto* set = command("set-point", "Change one point as the module window does",
+                        [&](Context& c) { return filo::cli::set_point(c, point); });
+    set->add_option("project", point.project, "The project file")->required();
+    set->add_option("point", point.point, "<code>/<row>: rows 1-8 inputs, 9 up outputs")
+        ->required();
+    set->add_option("--name", point.name, "The point's name");
+    set->add_option("--kind", point.kind, "Kind letter of an input (P, p, T, V, I, i, A, N, ...)");
+    set->add_option("--contact", point.contact,
+                    "Contact of an output: 0 (N.A.), I (N.C.), V (VARIATORE)");
+    set->add_option("--param", point.parameters, "FIELD=VALUE: P1-P6, V1-V3, ON, OFF, EMERGENCY");
 
     try {
         app.parse(argc, argv);
@@ -50,19 +88,15 @@ int run(int argc, char** argv) {
     }
 
     filo::texts::LanguageTables texts;
-    texts.ITALIANO();
     filo::texts::Language chosen = filo::texts::Language::Italian;
     filo::texts::language_from_code(language, chosen);
+    texts.ITALIANO();
     texts.choose(chosen);
     Context context{texts, std::cout, std::cerr};
 
     try {
-        if (*cmd_new) return filo::cli::new_project(context, path);
-        if (*cmd_modules) return filo::cli::list_modules(context, path);
-        if (*cmd_texts) return filo::cli::print_texts(context);
-        if (*cmd_image) return filo::cli::print_module_image(context, path, image_code);
-        if (*cmd_code) return filo::cli::module_code(context, code);
-        if (*cmd_frame) return filo::cli::frame_with_checksum(context, frame);
+        for (auto& [sub, run_command] : commands)
+            if (*sub) return run_command(context);
     } catch (const filo::cli::UserError& e) {
         std::cerr << e.what() << '\n';
         return filo::cli::kExitUserError;

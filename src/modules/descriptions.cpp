@@ -252,16 +252,6 @@ constexpr bool in_description_order() {
 }
 static_assert(in_description_order());
 
-std::vector<ListOption> letters(std::initializer_list<char> kinds,
-                                const texts::LanguageTables& texts) {
-    std::vector<ListOption> options;
-    for (char k : kinds) {
-        Text t;
-        if (kind_text(k, t)) options.push_back({std::string(texts[t]), k});
-    }
-    return options;
-}
-
 std::vector<char> contacts_offered(ContactList list, int j) {
     switch (list) {
         case ContactList::ListsA:
@@ -321,35 +311,44 @@ const DescriptionModel& model_of(Description d) {
     return kModels[static_cast<std::size_t>(d)];
 }
 
-std::vector<ListOption> kind_options(const ModuleType& type, int input,
-                                     const store::ModuleRecord& record,
-                                     const texts::LanguageTables& texts) {
+std::vector<char> offered_kinds(const ModuleType& type) {
     switch (model_of(type.description).kinds) {
         case KindList::Standard: {
-            std::vector<ListOption> options;
-            for (const InputKind& k : standard_input_kinds(type.code))
-                options.push_back({std::string(texts[k.text]), k.letter});
-            return options;
+            std::vector<char> letters;
+            for (const InputKind& k : standard_input_kinds(type.code)) letters.push_back(k.letter);
+            return letters;
         }
         case KindList::Photosensor:
-            return letters({'L', 'M', 'K'}, texts);
+            return {'L', 'M', 'K'};
         case KindList::Probe:
-            return letters({'J', 'W', 'X'}, texts);
+            return {'J', 'W', 'X'};
         case KindList::RemoteButton:
-            return letters({'R'}, texts);
+            return {'R'};
         case KindList::VideoDoor:
-            return letters({'v', 'z'}, texts);
-        case KindList::Cards: {
-            std::vector<ListOption> options{{texts.text(Text::CARDS_LIST_HEADING), 0}};
-            if (input >= 1 && input <= record.N_RIGHE_MODULO())
-                for (std::string& card : cards_of(record.riga(input).dati_aggiuntivi1))
-                    options.push_back({std::move(card), 0});
-            return options;
-        }
+            return {'v', 'z'};
+        case KindList::Cards:
         case KindList::None:
             break;
     }
     return {};
+}
+
+std::vector<ListOption> kind_options(const ModuleType& type, int input,
+                                     const store::ModuleRecord& record,
+                                     const texts::LanguageTables& texts) {
+    std::vector<ListOption> options;
+    if (model_of(type.description).kinds == KindList::Cards) {
+        options.push_back({texts.text(Text::CARDS_LIST_HEADING), 0});
+        if (input >= 1 && input <= record.N_RIGHE_MODULO())
+            for (std::string& card : cards_of(record.riga(input).dati_aggiuntivi1))
+                options.push_back({std::move(card), 0});
+        return options;
+    }
+    for (char letter : offered_kinds(type)) {
+        Text text;
+        if (kind_text(letter, text)) options.push_back({std::string(texts[text]), letter});
+    }
+    return options;
 }
 
 OutputBox output_box(const ModuleType& type, int j, const store::ModuleRecord& record) {

@@ -70,6 +70,9 @@ struct ListOption {
     std::string text;
     int item_data = 0;
 };
+// The kind letters offered on the inputs of a type, in list order (none for
+// the card reader, whose list holds cards).
+std::vector<char> offered_kinds(const ModuleType& type);
 std::vector<ListOption> kind_options(const ModuleType& type, int input,
                                      const store::ModuleRecord& record,
                                      const texts::LanguageTables& texts);

@@ -86,6 +86,8 @@ class ModuleTable {
     void CANCELLA_MODULO();
     void AGGIUNGI_MODULO();
 
+    Project& project() { return project_; }
+
   private:
     Project& project_;
 };

@@ -1,21 +1,15 @@
 // filo-cli's code and frame commands, run as a separate process.
 #include <gtest/gtest.h>
 
+#include "cli/cli_fixture.hpp"
+
 #include "support/run_program.hpp"
 #include "support/temp_dir.hpp"
 
 namespace filo {
 namespace {
 
-using testing::run_program;
-
-class BusCliTest : public ::testing::Test {
-  protected:
-    testing::ProgramResult cli(const std::vector<std::string>& args) {
-        return run_program("filo-cli", args, {{"FILO_HOME", (dir / "home").string()}});
-    }
-    testing::TempDir dir;
-};
+using BusCliTest = testing::CliFixture;
 
 TEST_F(BusCliTest, CodeGivesOrChecksTheCheckDigits) {
     struct Case {

@@ -1,6 +1,8 @@
 // filo-cli run as a user runs it: a separate process, its output and exit code.
 #include <gtest/gtest.h>
 
+#include "cli/cli_fixture.hpp"
+
 #include "store/module_table.hpp"
 #include "store/project.hpp"
 #include "support/run_program.hpp"
@@ -10,15 +12,7 @@
 namespace filo {
 namespace {
 
-using testing::run_program;
-
-class CliTest : public ::testing::Test {
-  protected:
-    testing::ProgramResult cli(const std::vector<std::string>& args) {
-        return run_program("filo-cli", args, {{"FILO_HOME", (dir / "home").string()}});
-    }
-    testing::TempDir dir;
-};
+using CliTest = testing::CliFixture;
 
 TEST_F(CliTest, NewCreatesAProjectOnceAndMakesTheTemplates) {
     const std::string project = (dir / "Villa Rossi.TRN").string();

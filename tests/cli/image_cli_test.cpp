@@ -1,6 +1,8 @@
 // filo-cli image: the module image of one module, as the programming run sees it.
 #include <gtest/gtest.h>
 
+#include "cli/cli_fixture.hpp"
+
 #include <sstream>
 #include <vector>
 
@@ -21,7 +23,7 @@ std::vector<std::string> lines_of(const std::string& text) {
     return lines;
 }
 
-class ImageCliTest : public ::testing::Test {
+class ImageCliTest : public testing::CliFixture {
   protected:
     ImageCliTest() : file(testing::make_empty_project(dir.path(), "casa")) {
         store::Project p;
@@ -37,11 +39,6 @@ class ImageCliTest : public ::testing::Test {
             "'00A211' AND campo = '1';");
     }
 
-    testing::ProgramResult cli(const std::vector<std::string>& args) {
-        return testing::run_program("filo-cli", args, {{"FILO_HOME", (dir / "home").string()}});
-    }
-
-    testing::TempDir dir;
     std::filesystem::path file;
 };
 

@@ -87,13 +87,18 @@ TEST(TypeCatalogue, WhereAModuleOpens) {
         const std::vector<std::string>* project;
         Opening opening;
     } cases[] = {
-        {"1F", &wired, Opening::ModuleWindow},         {"23", &wired, Opening::VideoDoorPages},
-        {"1E", &wired, Opening::PanelInterface},       {"34", &wired, Opening::RadioModuleRequired},
-        {"35", &wired, Opening::RadioModuleRequired},  {"33", &wired, Opening::RadioModuleRequired},
-        {"34", &with_receiver, Opening::ModuleWindow}, {"35", &with_relay12, Opening::ModuleWindow},
+        {"1F", &wired, Opening::ModuleWindow},
+        {"23", &wired, Opening::VideoDoorPages},
+        {"1E", &wired, Opening::PanelInterface},
+        {"34", &wired, Opening::RadioModuleRequired},
+        {"35", &wired, Opening::RadioModuleRequired},
+        {"33", &wired, Opening::RadioModuleRequired},
+        {"34", &with_receiver, Opening::ModuleWindow},
+        {"35", &with_relay12, Opening::ModuleWindow},
         {"33", &with_receiver, Opening::Unsupported},  // passes the radio test, then has no
                                                        // description
-        {"18", &wired, Opening::Unsupported},          {"0A", &wired, Opening::Unsupported},
+        {"18", &wired, Opening::Unsupported},
+        {"0A", &wired, Opening::Unsupported},
     };
     for (const Case& c : cases) EXPECT_EQ(opening_of(c.type, *c.project), c.opening) << c.type;
 }

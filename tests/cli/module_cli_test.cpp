@@ -1,0 +1,148 @@
+// add-module, set-point and links: a project built from a script, and the
+// frames that would program its links.
+#include <gtest/gtest.h>
+
+#include "bus/checksum.hpp"
+#include "cli/cli_fixture.hpp"
+#include "store/link_table.hpp"
+#include "store/project.hpp"
+#include "store/sqlite.hpp"
+#include "support/sample_project.hpp"
+
+namespace filo {
+namespace {
+
+class ModuleCliTest : public testing::CliFixture {
+  protected:
+    ModuleCliTest() : project(testing::make_empty_project(dir.path(), "casa").string()) {}
+    // The printed code of a 6-digit code.
+    std::string printed(const std::string& code) {
+        auto r = cli({"code", code});
+        return r.out.substr(0, 8);
+    }
+    std::string project;
+};
+
+TEST_F(ModuleCliTest, ModulesEnteredByTheirPrintedCode) {
+    auto added = cli({"add-module", project, printed("00121F"), "--note", "Quadro cucina"});
+    ASSERT_EQ(added.exit_code, 0) << added.err;
+    EXPECT_EQ(added.out, "Modulo inserito: 00121F  Quadro cucina\n");
+    EXPECT_EQ(cli({"add-module", project, printed("000315")}).exit_code, 0);
+
+    struct Refusal {
+        std::string code;
+        const char* message;
+    } refusals[] = {
+        {"00131F00", "Codice inserito non corretto\n"},
+        {"00121G68", "Codice inserito non corretto\n"},
+        {printed("001215"),
+         "Codice già in uso in questo progetto\n"},  // the number, whatever the type
+        {printed("00121F"), "Questo modulo esiste già 00121F\n"},
+        {printed("000734"),
+         "Per poter inserire questo elemento occorre\naver registrato prima un modulo radio\n"},
+        {printed("000818"),
+         "Tipo di modulo non supportato da questa versione\n"
+         "Scaricare una versione aggiornata del software Filo\n"},
+    };
+    for (const Refusal& r : refusals) {
+        auto result = cli({"add-module", project, r.code});
+        EXPECT_EQ(result.exit_code, 1) << r.code;
+        EXPECT_EQ(result.err, r.message) << r.code;
+    }
+
+    // A radio element once a receiver is there; its receiver kept on row 1.
+    ASSERT_EQ(cli({"add-module", project, printed("00094A"), "--note", "Radio"}).exit_code, 0);
+    auto remote = cli({"add-module", project, printed("000A34"), "--receiver", "00094a"});
+    ASSERT_EQ(remote.exit_code, 0) << remote.err;
+    // A deleted module's number is free again.
+    {
+        store::Project p;
+        p.open(project);
+        p.database().exec(
+            "UPDATE nick SET codice = '0012FF', riserva = 'K' WHERE codice = '00121F'");
+    }
+    EXPECT_EQ(cli({"add-module", project, printed("001215")}).exit_code, 0);
+
+    auto list = cli({"modules", project});
+    EXPECT_EQ(list.out.substr(0, list.out.find("--------")),
+              "000315  \n00094A  Radio\n000A34  \n001215  \n");
+}
+
+TEST_F(ModuleCliTest, PointsChangedAsTheModuleWindowChangesThem) {
+    ASSERT_EQ(cli({"add-module", project, printed("000315"), "--note", "Sala"}).exit_code, 0);
+    auto named =
+        cli({"set-point", project, "000315/9", "--name", "Luce sala", "--contact", "N.C."});
+    ASSERT_EQ(named.exit_code, 0) << named.err;
+    EXPECT_EQ(named.out, "000315/9  Luce sala   N.C.\n");
+    auto input = cli({"set-point", project, "000315/2", "--name", "Pulsante", "--kind", "N",
+                      "--param", "V2=40"});
+    EXPECT_EQ(input.out, "000315/2  Pulsante  Impulsi \n");
+
+    struct Refusal {
+        std::vector<std::string> args;
+        const char* message;
+    } refusals[] = {
+        {{"000315/10", "--name", "luce SALA"},
+         "Uno o piu' nomi esistono già in questo o in altri moduli del progetto corrente \n"},
+        {{"000315/10", "--name", "Luce d'angolo"}, "Carattere non ammesso nel nome: '\n"},
+        {{"000315/1", "--kind", "K"}, "Tipo di ingresso non previsto su questo modulo: K\n"},
+        {{"000315/11", "--contact", "I"}, "Assegnare prima un nick-name\n"},
+        {{"000315/1", "--kind", "p"},
+         "Uno o più ingressi sono stati selezionati  come ingressi di sicurezza\n"
+         "occorre selezionare un tempo di analisi (pulsante OPZIONI) \n"
+         "questa modalità sarà applicata ancne agli ingressi analogici\n"},
+        {{"000315/9", "--param", "P6=1"}, "Parametro non previsto su questo punto: P6=1\n"},
+        {{"000315/40", "--name", "x"}, "Punto inesistente in questo modulo: 000315/40\n"},
+        {{"009915/1", "--name", "x"}, "Modulo non presente nel progetto: 009915\n"},
+        {{"0003/1", "--name", "x"}, "Punto inesistente in questo modulo: 0003/1\n"},
+    };
+    for (const Refusal& r : refusals) {
+        std::vector<std::string> args = {"set-point", project};
+        args.insert(args.end(), r.args.begin(), r.args.end());
+        auto result = cli(args);
+        EXPECT_EQ(result.exit_code, 1) << r.args[0];
+        EXPECT_EQ(result.err, r.message) << r.args[0];
+    }
+    // A refused change saves nothing, not even the part that was right.
+    EXPECT_EQ(cli({"set-point", project, "000315/3", "--name", "Nuovo", "--kind", "K"}).exit_code,
+              1);
+    auto list = cli({"modules", project});
+    EXPECT_EQ(list.out.find("Nuovo"), std::string::npos);
+    EXPECT_NE(list.out.find("000315/1   Luce sala "), std::string::npos);
+}
+
+TEST_F(ModuleCliTest, LinksListsEachRowWithItsFrame) {
+    {
+        store::Project p;
+        p.open(project);
+        store::LinkTable links(p);
+        store::LinkRow& l = links.LINK_CORRENTE;
+        l.identificativoRX = "002B15/3";
+        l.numero_uscita = "3";
+        l.identificativoTX = "001A11/2";
+        l.numero_ingresso = "2";
+        l.tempo_on1 = l.tempo_on2 = l.tempo_off1 = l.tempo_off2 = "0";
+        l.modo_ = "000000112";
+        l.on_ = "251";
+        l.off_ = "8";
+        l.and_ = l.settimana = "00000000";
+        l.minuto = l.ora = l.giorno = "00";
+        l.dato13 = "000000";
+        links.AGGIUNGI_LINK();
+        links.LINK_CORRENTE = store::LinkRow{};
+        links.LINK_CORRENTE.note = "SECONDA PAGINA";
+        links.AGGIUNGI_LINK();
+    }
+    auto r = cli({"links", project});
+    ASSERT_EQ(r.exit_code, 0) << r.err;
+    ASSERT_EQ(r.out.substr(0, 2), "1 ");
+    const std::string printed_frame = r.out.substr(2, r.out.size() - 3);
+    EXPECT_TRUE(bus::checksum_ok(printed_frame)) << printed_frame;
+    EXPECT_EQ(printed_frame.substr(3),
+              "1002B023001A0000000003"
+              "00FB0800000000]");
+    EXPECT_EQ(r.out.find('\n'), r.out.size() - 1);  // the second page has no receiver: no line
+}
+
+}  // namespace
+}  // namespace filo
