@@ -15,6 +15,8 @@ namespace filo::cli {
 inline constexpr int kExitOk = 0;
 inline constexpr int kExitUserError = 1;
 inline constexpr int kExitUsage = 2;
+// Frames that went unanswered on the line.
+inline constexpr int kExitNotAnswered = 3;
 
 // A mistake of the user's (a wrong name, a missing project): its message goes
 // to stderr and the command exits 1. Nothing has been changed.

@@ -42,6 +42,19 @@ struct PointRequest {
 };
 int set_point(Context& context, const PointRequest& request);
 
+// The serial ports of the system, a line each: path, tab, caption.
+int list_ports(Context& context);
+// The programmer's search over the system's ports, or a check of one port.
+int connect(Context& context, const std::string& port);
+
+// One frame sent as a programming run sends it, with the report of each attempt.
+struct SendRequest {
+    std::string port;
+    std::string frame;  // without its checksum
+    int answer_ms = 0;  // waited beyond the 0.1 s of every answer window
+};
+int send_frame(Context& context, const SendRequest& request);
+
 // The rows of the link table with the frame that programs each.
 int list_links(Context& context, const std::string& project_path);
 

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "cli/commands.hpp"
+#include "platform/serial_port.hpp"
 #include "store/project.hpp"
 #include "store/sqlite.hpp"
 
@@ -35,6 +36,7 @@ int run(int argc, char** argv) {
     std::string path, code, frame;
     filo::cli::ModuleRequest module;
     filo::cli::PointRequest point;
+    filo::cli::SendRequest send;
 
     command("new", "Create a project: <path>/<name>.TRN",
             [&](Context& c) { return filo::cli::new_project(c, path); })
@@ -78,6 +80,21 @@ int run(int argc, char** argv) {
                     "Contact of an output: 0 (N.A.), I (N.C.), V (VARIATORE)");
     set->add_option("--param", point.parameters, "FIELD=VALUE: P1-P6, V1-V3, ON, OFF, EMERGENCY");
 
+    command("ports", "List the serial ports", [&](Context& c) { return filo::cli::list_ports(c); });
+    command("connect", "Find the programmer on the serial ports, or check one",
+            [&](Context& c) { return filo::cli::connect(c, path); })
+        ->add_option("--port", path,
+                     "Check this port only (any path: /dev/ttyUSB0, a pseudo-terminal)");
+    auto* send_cmd =
+        command("send", "Send one frame as programming does, with answer and one repeat",
+                [&](Context& c) { return filo::cli::send_frame(c, send); });
+    send_cmd->add_option("--port", send.port, "The programmer's port")->required();
+    send_cmd->add_option("frame", send.frame, "The frame without its checksum, e.g. (30012ED10]")
+        ->required();
+    send_cmd
+        ->add_option("--wait", send.answer_ms, "Milliseconds waited for the answer beyond 0.1 s")
+        ->check(CLI::Range(0, 60000));
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& e) {
@@ -106,6 +123,10 @@ int run(int argc, char** argv) {
     } catch (const filo::sqlite::SqlError& e) {
         std::cerr << texts[filo::texts::Text::PROJECT_UNREADABLE] << e.what() << '\n'
                   << texts[filo::texts::Text::PROJECT_UNCHANGED] << '\n';
+        return filo::cli::kExitUserError;
+    } catch (const filo::platform::PortError& e) {
+        // An adapter pulled out mid-operation: reported, the port closed.
+        std::cerr << texts[filo::texts::Text::PORT_LOST] << e.what() << '\n';
         return filo::cli::kExitUserError;
     } catch (const std::filesystem::filesystem_error& e) {
         std::cerr << texts[filo::texts::Text::FILE_ERROR] << e.what() << '\n';

@@ -1,0 +1,107 @@
+#include "bus/programmer_search.hpp"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+
+#include "bus/virtual_line.hpp"
+#include "platform/serial_port.hpp"
+#include "support/temp_dir.hpp"
+
+namespace filo::bus {
+namespace {
+
+// A port whose device echoes the search digits, stays silent, or is gone.
+enum class Device { Programmer, Silent, Missing, Modem };
+
+class FakePort final : public platform::SerialPort {
+  public:
+    FakePort(std::string name, Device device, VirtualClock& clock)
+        : name_(std::move(name)), device_(device), clock_(clock) {}
+    const std::string& name() const override { return name_; }
+    int descriptor() const override { return -1; }
+    void write(std::string_view bytes) override {
+        if (device_ == Device::Programmer && bytes == "0123") pending_ += "0123";
+        if (device_ == Device::Modem)
+            pending_ += std::string(bytes) + "OK\r";  // echoes all, answers AT
+    }
+    bool read(std::string& into, double timeout) override {
+        if (pending_.empty()) {
+            clock_.advance_to(clock_.now() + timeout);
+            return false;
+        }
+        into += pending_;
+        pending_.clear();
+        return true;
+    }
+
+  private:
+    std::string name_;
+    Device device_;
+    VirtualClock& clock_;
+    std::string pending_;
+};
+
+class SearchTest : public ::testing::Test {
+  protected:
+    ProgrammerSearch search_over(std::map<std::string, Device> devices) {
+        devices_ = std::move(devices);
+        return ProgrammerSearch(
+            clock_, dir_.path(),
+            [this](const std::string& path) -> std::unique_ptr<platform::SerialPort> {
+                opened_.push_back(path);
+                if (!devices_.count(path) || devices_[path] == Device::Missing)
+                    throw platform::PortError(path, "no such device");
+                return std::make_unique<FakePort>(path, devices_[path], clock_);
+            });
+    }
+    VirtualClock clock_;
+    testing::TempDir dir_;
+    std::map<std::string, Device> devices_;
+    std::vector<std::string> opened_;
+};
+
+TEST_F(SearchTest, TheFirstPortThatEchoesWinsAndEveryPortIsTried) {
+    auto search = search_over({{"/dev/ttyS0", Device::Silent},
+                               {"/dev/ttyUSB0", Device::Missing},
+                               {"/dev/ttyUSB1", Device::Programmer},
+                               {"/dev/ttyUSB2", Device::Programmer}});
+    const std::vector<std::string> ports = {"/dev/ttyS0", "/dev/ttyUSB0", "/dev/ttyUSB1",
+                                            "/dev/ttyUSB2"};
+    EXPECT_EQ(search.CONNETTI(ports), "/dev/ttyUSB1");
+    EXPECT_EQ(opened_, ports);
+    // A silent port costs its 0.1 s; the ports after the programmer are still tried.
+    EXPECT_NEAR(clock_.now(), 0.1 + 0.0, 1e-9);
+    EXPECT_FALSE(std::filesystem::exists(dir_ / "CONFIGURAZIONI.TTN"));
+}
+
+TEST_F(SearchTest, AnyDeviceThatEchoesTheDigitsIsTakenForTheProgrammer) {
+    auto search = search_over({{"/dev/ttyACM0", Device::Modem}});
+    EXPECT_EQ(search.CONNETTI({"/dev/ttyACM0"}), "/dev/ttyACM0");
+    auto none = search_over({{"/dev/ttyS0", Device::Silent}});
+    EXPECT_EQ(none.CONNETTI({"/dev/ttyS0", "/dev/nothing"}), "");
+    EXPECT_EQ(none.PORTA_COM, "");
+}
+
+TEST_F(SearchTest, AMarkerLeftBehindIsToldUntilTheNextSearch) {
+    EXPECT_FALSE(previous_search_failed(dir_.path()));  // no file is no error
+    std::ofstream(dir_ / "CONFIGURAZIONI.TTN") << "ERRORE1\r\n";
+    EXPECT_TRUE(previous_search_failed(dir_.path()));
+    EXPECT_TRUE(previous_search_failed(dir_.path()));  // telling it removes nothing
+    std::ofstream(dir_ / "CONFIGURAZIONI.TTN") << "qualcos'altro\n";
+    EXPECT_FALSE(previous_search_failed(dir_.path()));
+    std::ofstream(dir_ / "CONFIGURAZIONI.TTN") << "ERRORE1\n";
+    auto search = search_over({{"/dev/ttyUSB0", Device::Programmer}});
+    // While the search runs the marker stands.
+    bool marker_seen = false;
+    search.on_port = [&](std::size_t, const std::string&) {
+        marker_seen = previous_search_failed(dir_.path());
+    };
+    search.CONNETTI({"/dev/ttyUSB0"});
+    EXPECT_TRUE(marker_seen);
+    EXPECT_FALSE(previous_search_failed(dir_.path()));
+}
+
+}  // namespace
+}  // namespace filo::bus
