@@ -23,6 +23,8 @@ LinkImage link_image(const store::LinkRow& row) {
     LinkImage image;
     image.INGRESSO_HEX = DEC_A_HEX(row.numero_ingresso);
     image.CODICE_MODULO = std::string(mid(row.identificativoRX, 1, 6));
+    image.nick_trasmittente = row.nick_trasmittente;
+    image.codice_trasmittente = std::string(mid(row.identificativoTX, 1, 6));
     const bool second_row = row.nick_trasmittente == store::kSecondaRiga;
     image.regulator_source = mid(row.identificativoTX, 5, 4) == "19/1" && !second_row;
     if (row.identificativoRX.empty()) return image;

@@ -15,6 +15,8 @@ struct LinkImage {
     std::string RECORD_LINK;    // "" for a row without receiver: no frame is sent
     std::string INGRESSO_HEX;   // the command's number, two hex digits
     std::string CODICE_MODULO;  // the receiving module
+    std::string nick_trasmittente;
+    std::string codice_trasmittente;  // the first six characters of identificativoTX
     // The first input of a photosensor drives the link: its name goes to the
     // list of regulators offered at the end of a run.
     bool regulator_source = false;

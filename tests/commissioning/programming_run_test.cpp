@@ -1,0 +1,366 @@
+// The programming run in virtual time, against a programmer that answers as
+// each test needs.
+#include "commissioning/programming_run.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "bus/frame.hpp"
+#include "bus/line.hpp"
+#include "bus/receive_assembler.hpp"
+#include "bus/virtual_line.hpp"
+#include "commissioning/module_image_fixture.hpp"
+#include "commissioning/run_report.hpp"
+#include "links/link_record.hpp"
+#include "store/link_table.hpp"
+
+namespace filo::commissioning {
+namespace {
+
+using testing::add_module;
+
+constexpr char kTextStart = '\x16';
+
+// What a write carried: a frame without its two checksum digits, or a text
+// frame as it went out.
+std::string frame_of(const std::string& written) {
+    if (!written.empty() && written[0] == kTextStart) return written;
+    const auto open = written.find('(');
+    const auto close = written.find(']', open);
+    if (open == std::string::npos || close == std::string::npos) return "?" + written;
+    const std::string frame = written.substr(open, close - open + 1);
+    return frame.substr(0, 1) + frame.substr(3);
+}
+
+bool is_line_control(const std::string& frame) {
+    return frame == "(600000055]" || frame == "(6000000AA]";
+}
+
+class ProgrammingRunTest : public testing::ModuleImageTest {
+  protected:
+    ProgrammingRunTest() {
+        io.set_peer(bus::answers_ok());
+        report.on_line = [this](const std::string& l) { lines.push_back(l); };
+    }
+
+    // Every frame written, in order, without the opening and closing of
+    // programming mode.
+    std::vector<std::string> frames() const {
+        std::vector<std::string> out;
+        for (const std::string& w : io.writes()) {
+            std::string f = frame_of(w);
+            if (!is_line_control(f)) out.push_back(std::move(f));
+        }
+        return out;
+    }
+    long count(const std::string& frame) const {
+        const auto all = frames();
+        return std::count(all.begin(), all.end(), frame);
+    }
+    long closings() const {
+        return std::count_if(io.writes().begin(), io.writes().end(),
+                             [](const std::string& w) { return frame_of(w) == "(6000000AA]"; });
+    }
+    // The programmer stays silent to frames for this address.
+    void silent(const std::string& address) {
+        io.set_peer([address](bus::VirtualLine& l, std::string_view w) {
+            const std::string f = frame_of(std::string(w));
+            if (f.compare(2, address.size(), address) != 0 && w.find('_') != std::string_view::npos)
+                l.reply("OK");
+        });
+    }
+    void add_link(const std::string& rx, const std::string& tx, const std::string& nick_tx) {
+        store::LinkTable links(project);
+        store::LinkRow& r = links.LINK_CORRENTE;
+        r.identificativoRX = rx;
+        r.numero_uscita = "1";
+        r.nick_ricevente = "Luce";
+        r.identificativoTX = tx;
+        r.numero_ingresso = "2";
+        r.nick_trasmittente = nick_tx;
+        r.opzione = "P";
+        r.tempo_on1 = r.tempo_on2 = r.tempo_off1 = r.tempo_off2 = "0";
+        r.modo_ = "000000112";
+        r.on_ = "251";
+        r.off_ = "8";
+        r.and_ = "00000000";
+        r.minuto = r.ora = r.giorno = "00";
+        r.settimana = "00000000";
+        r.dato13 = "000000";
+        links.AGGIUNGI_LINK();
+    }
+    std::string record_of_link(int n) {
+        store::LinkTable links(project);
+        links.LEGGI_LINK();
+        links::LinkImage image;
+        EXPECT_TRUE(links::LEGGIprossimoLINK(links, n, image));
+        return image.RECORD_LINK;
+    }
+
+    bus::ReceiveAssembler receiver;
+    bus::VirtualLine io{receiver};
+    bus::Line line{io, receiver};
+    RunReport report;
+    ProgrammingRun run{project, line, report};
+    std::vector<std::string> lines;
+};
+
+TEST_F(ProgrammingRunTest, EachPhaseSendsWhatDiffersFromTheModulesOwnValues) {
+    const std::string a = add("11", 16);
+    // Relays 1 and 2 inverted; relay 2 reciprocal with relay 1 and in AND with it.
+    set(a, 9, "modo", "II" + std::string(22, '0'));
+    set(a, 10, "modo",
+        "0I000000"
+        "10000000"
+        "10000000");
+    set(a, 1, "riserva3",
+        "00000000"
+        "007000020010010030");  // P1 = 7, the rest defaults
+    set_letters(a, "MMMMTMMM");
+    set(a, 5, "riserva2", "010002060" + std::string(41, '0'));
+    set(a, 10, "riserva2", "251009" + std::string(44, '0'));
+    set(a, 9, "note", "*Pannello");
+    const std::string untouched = add("14", 16);
+
+    run.PROGRAMMA_IMPIANTO();
+
+    const std::string x = a.substr(0, 4);
+    const std::string y = untouched.substr(0, 4);
+    const std::vector<std::string> expected = {
+        "(3" + x + "6F68]",         "(3" + y + "6F68]",  // reset
+        "(3" + x + "6703]",                              // inverted relays
+        "(3" + x + "E901]",                              // reciprocal of relay 2
+        "(3" + x + "F101]",                              // AND of relay 2
+        "(2" + x + "000000000010]",                      // input kinds
+        "(3" + x + "EC07]",                              // P1
+        "(3" + x + "740A]",         "(3" + x + "7C02]", "(3" + x + "D43C]",  // input 5
+        "(3" + x + "01FB]",         "(3" + x + "0909]",                      // relay 2 events
+        "(3" + x + "0101]",                                                  // active messages
+    };
+    // The untouched module's kinds are what a new module has of its own: not sent.
+    EXPECT_EQ(frames(), expected);
+    EXPECT_EQ(report.N_ERRORI, 0);
+    EXPECT_FALSE(run.in_progress());
+    EXPECT_EQ(closings(), 3);
+}
+
+TEST_F(ProgrammingRunTest, TheResetSparesTheSystemsOwnAddresses) {
+    for (const char* codice : {"FFF011", "FFF111", "FFF211", "FFF311", "FFFE11", "00AA11"})
+        add_module(table, codice, 16, "Modulo");
+    run.MESSAGGIO_BREVE = 0;
+    run.PROGRAMMA_IMPIANTO();
+    std::set<std::string> resets;
+    for (const std::string& f : frames())
+        if (f.size() == 11 && f.compare(6, 2, "6F") == 0) resets.insert(f);
+    EXPECT_EQ(resets, (std::set<std::string>{"(3FFF06FFF]", "(300AA6FFF]"}));
+}
+
+TEST_F(ProgrammingRunTest, ReceiversLearnTheirRemotesByTheirNumberInTheProject) {
+    const std::string receiver = "00104A";
+    add_module(table, receiver, 9, "Ricevitore");
+    add_module(table, "A1B228", 1, "Di un altro");
+    add_module(table, "C3D434", 1, "Suo");
+    add_module(table, "E5F635", 1, "Senza ricevitore");
+    sql("UPDATE nick SET riserva4 = '00204A' WHERE codice = 'A1B228'");
+    sql("UPDATE nick SET riserva4 = '00104A' WHERE codice = 'C3D434'");
+    sql("UPDATE nick SET riserva4 = '' WHERE codice = 'E5F635'");
+    run.PROGRAMMA_IMPIANTO();
+    // The second remote of the project: commands "11" and "91".
+    EXPECT_EQ(count("(30010"
+                    "11C3]"),
+              1);
+    EXPECT_EQ(count("(30010"
+                    "91D4]"),
+              1);
+    for (const std::string& f : frames()) {
+        EXPECT_EQ(f.find("A1]"), std::string::npos) << f;
+        EXPECT_EQ(f.find("E5]"), std::string::npos) << f;
+    }
+}
+
+TEST_F(ProgrammingRunTest, PanelTextsGoOutInThePanelsCharacterSetWithoutAnswer) {
+    const std::string panel = add("1E", 12, "OUT_SERIALE");
+    sql("UPDATE nick SET riserva2 = '', riserva3 = ''");
+    set(panel, 10, "riserva2", "05Relè Ω");  // output 2: records 3 and 4
+    set(panel, 10, "riserva3", "Già");
+    io.set_peer(nullptr);  // nobody answers: texts await nothing
+
+    run.PROGRAMMA_IMPIANTO();
+
+    std::vector<std::string> texts;
+    std::vector<double> times;
+    for (std::size_t i = 0; i < io.writes().size(); ++i)
+        if (io.writes()[i][0] == kTextStart) {
+            texts.push_back(io.writes()[i]);
+            times.push_back(io.write_times()[i]);
+        }
+    ASSERT_EQ(texts.size(), 2u);
+    const std::string address = panel.substr(0, 4);
+    EXPECT_EQ(texts[0].substr(3),
+              "1" + address + "03" + "5Rel\xE8 ?" + "\x17" + std::string(1, '\0'));
+    EXPECT_EQ(texts[1].substr(3), "1" + address + "04" + "Gi\xE0" + "\x17" + std::string(1, '\0'));
+    EXPECT_GE(times[1] - times[0], 0.5);
+    // The texts add no lines to the report.
+    for (const std::string& l : lines) EXPECT_EQ(l.find(" Testi "), std::string::npos) << l;
+}
+
+TEST_F(ProgrammingRunTest, CardsGoOutListByListEachUpToItsEnd) {
+    const std::string reader = add("1A", 9);
+    sql("UPDATE nick SET dati_aggiuntivi1 = ''");
+    set(reader, 1, "dati_aggiuntivi1", "AAAA11BBBB22");
+    // A blank entry is a card like any other; only the end of the text ends a list.
+    set(reader, 3, "dati_aggiuntivi1", "CCCC33" + std::string(6, ' ') + "DDDD44");
+    run.PROGRAMMA_IMPIANTO();
+    std::vector<std::string> cards;
+    for (const std::string& f : frames())
+        if (f.rfind("(7", 0) == 0) cards.push_back(f);
+    const std::string r = reader.substr(0, 4);
+    const std::string zeros(20, '0');
+    EXPECT_EQ(cards, (std::vector<std::string>{
+                         "(7" + r + "110AAAA01" + zeros + "]", "(7" + r + "220BBBB01" + zeros + "]",
+                         "(7" + r + "330CCCC03" + zeros + "]", "(7" + r + "  0    03" + zeros + "]",
+                         "(7" + r + "440DDDD03" + zeros + "]"}));
+}
+
+TEST_F(ProgrammingRunTest, LinksGoOutInTableOrderThenTheGatewayPresets) {
+    add("11", 16);
+    add_link("000111/1", "000219/1", "Sensore");
+    add_link("000111/2", "000219/1", "Sensore");
+    add_link("000111/3", "FFFE00/5", "NET_GATE");
+    std::vector<RunProgress> seen;
+    run.on_progress = [&](const RunProgress& p) {
+        if (p.phase == 15) seen.push_back(p);
+    };
+    run.PROGRAMMA_IMPIANTO();
+
+    const std::vector<std::string> all = frames();
+    std::vector<std::string> tail(all.end() - 4, all.end());
+    EXPECT_EQ(tail, (std::vector<std::string>{"(1" + record_of_link(1) + "]",
+                                              "(1" + record_of_link(2) + "]",
+                                              "(1" + record_of_link(3) + "]", "(8FFFE0281]"}));
+    ASSERT_EQ(seen.size(), 3u);
+    EXPECT_EQ(seen.back().link, 3);
+    EXPECT_EQ(seen.back().links, 3);
+    // The photosensor driving two links is offered once for constant light.
+    ASSERT_EQ(run.REGOLATORI.size(), 1u);
+    EXPECT_EQ(run.REGOLATORI[0].nick, "Sensore");
+    EXPECT_EQ(run.REGOLATORI[0].item_data, 0x1000219);
+}
+
+TEST_F(ProgrammingRunTest, WithoutLinksTheLinkBarIsNeverTouched) {
+    add("11", 16);
+    int link_updates = 0;
+    run.on_progress = [&](const RunProgress& p) { link_updates += p.links != 0; };
+    run.PROGRAMMA_IMPIANTO();
+    EXPECT_EQ(link_updates, 0);
+    EXPECT_EQ(closings(), 3);
+}
+
+TEST_F(ProgrammingRunTest, ModulesStartTenMillisecondsApartAndTheResetPausesTwoSeconds) {
+    for (int i = 0; i < 5; ++i) set_letters(add("14", 16), "TMMMMMMM");
+    run.PROGRAMMA_IMPIANTO();
+    std::vector<double> resets;
+    double first_kinds = 0;
+    for (std::size_t i = 0; i < io.writes().size(); ++i) {
+        const std::string f = frame_of(io.writes()[i]);
+        if (f.compare(6, 2, "6F") == 0) resets.push_back(io.write_times()[i]);
+        if (f.rfind("(2", 0) == 0 && first_kinds == 0) first_kinds = io.write_times()[i];
+    }
+    ASSERT_EQ(resets.size(), 5u);
+    for (std::size_t i = 1; i < resets.size(); ++i) EXPECT_GE(resets[i] - resets[i - 1], 0.01);
+    // Reset pause 2 s, then phases 2 to 6 with their pauses (200 x 3, 500).
+    EXPECT_GE(first_kinds - resets.back(), 2.0 + 0.6 + 0.5);
+}
+
+TEST_F(ProgrammingRunTest, ASilentModuleFailsEachFrameTwiceAndTheQuestionComesOnce) {
+    const std::string mute = add("11", 16);
+    for (int campo = 9; campo <= 16; ++campo) set(mute, campo, "modo", "II" + std::string(22, '0'));
+    add("14", 16);
+    silent(mute.substr(0, 4));
+    int questions = 0;
+    report.ask_to_stop = [&] {
+        ++questions;
+        return false;
+    };
+    run.PROGRAMMA_IMPIANTO();
+    // Reset and inversion: two frames of the silent module, each tried twice.
+    EXPECT_EQ(report.N_ERRORI, 2);
+    EXPECT_EQ(questions, 0);
+    EXPECT_EQ(lines[0], "Modulo n° " + mute + " reset NO");
+    EXPECT_EQ(lines[1], "Modulo n° " + mute + " reset NO / /");
+    EXPECT_NE(report.TEXT2.find("Modulo n° " + mute + " invertiti NO"), std::string::npos);
+    EXPECT_EQ(closings(), 3);
+}
+
+TEST_F(ProgrammingRunTest, TheInstallersStopTakesEffectAtTheNextStopTest) {
+    struct Case {
+        const char* name;
+        bool answer_yes;        // to the question after ten failures
+        bool request_at_start;  // the stop button during the first phase
+        bool reaches_links;
+    };
+    const Case cases[] = {
+        {"no stop", false, false, true},
+        {"question answered yes", true, false, false},
+        {"stop button", false, true, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        io.virtual_clock().advance_to(io.clock().now() + 10);
+        RunReport r;
+        ProgrammingRun stoppable{project, line, r};
+        sql("DELETE FROM nick");
+        sql("DELETE FROM associazioni");
+        for (int i = 0; i < 12; ++i)
+            add_module(table, "00" + std::to_string(10 + i) + "11", 16, "M");
+        add_link("001011/1", "001111/1", "Pulsante");
+        silent("00");  // every module is silent
+        int questions = 0;
+        r.ask_to_stop = [&] {
+            ++questions;
+            return c.answer_yes;
+        };
+        stoppable.on_progress = [&](const RunProgress& p) {
+            if (c.request_at_start && p.phase == 1 && p.module_place == 2) stoppable.request_stop();
+        };
+        const std::size_t before = io.writes().size();
+        stoppable.PROGRAMMA_IMPIANTO();
+        bool links_sent = false;
+        for (std::size_t i = before; i < io.writes().size(); ++i)
+            links_sent |= frame_of(io.writes()[i]).rfind("(1", 0) == 0 &&
+                          !is_line_control(frame_of(io.writes()[i]));
+        EXPECT_EQ(links_sent, c.reaches_links);
+        // Twelve silent resets: the question comes at the eleventh.
+        EXPECT_EQ(questions, c.request_at_start ? 0 : 1);
+        // A stop after the reset phase leaves every reset sent, and the run closed.
+        EXPECT_GE(r.N_ERRORI, 10);
+        EXPECT_FALSE(stoppable.in_progress());
+        long closing = 0;
+        for (std::size_t i = before; i < io.writes().size(); ++i)
+            closing += frame_of(io.writes()[i]) == "(6000000AA]";
+        EXPECT_EQ(closing, 3);
+        if (!c.answer_yes && !c.request_at_start) {
+            EXPECT_GT(r.N_ERRORI, 11);
+        }
+    }
+}
+
+TEST_F(ProgrammingRunTest, AnAnswerThatLandsInTheRepeatCountsAsAnswered) {
+    const std::string late = add("14", 16);
+    // The programmer answers every frame, but only the second time it hears it.
+    io.set_peer([seen = std::set<std::string>()](bus::VirtualLine& l, std::string_view w) mutable {
+        if (w.rfind("00(", 0) != 0) return;  // the module's frames, not the line's
+        if (!seen.insert(std::string(w)).second) l.reply("OK", 0.05);
+    });
+    run.PROGRAMMA_IMPIANTO();
+    EXPECT_EQ(report.N_ERRORI, 0);
+    ASSERT_GE(lines.size(), 2u);
+    EXPECT_EQ(lines[0], "Modulo n° " + late + " reset NO");
+    EXPECT_EQ(lines[1], "Modulo n° " + late + " reset OK");
+    EXPECT_TRUE(report.TEXT2.empty());
+}
+
+}  // namespace
+}  // namespace filo::commissioning
