@@ -22,6 +22,10 @@ void Line::PREPARA_STRINGA() {
 }
 
 bool Line::INVIA_STRINGA(int answer_ms) {
+    // An "OK" that arrived before this frame left (the programmer's answer
+    // to the opening of programming mode, read by nobody during a pause)
+    // must not pass for this frame's answer.
+    io_.serve_until(io_.clock().now(), [] { return false; });
     PREPARA_STRINGA();
     io_.write(STRINGA_TX);
     bool answered = ATTENDI_RISPOSTA(1, answer_ms);

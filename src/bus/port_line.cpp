@@ -18,11 +18,12 @@ bool PortLine::serve_until(double deadline, const std::function<bool()>& done) {
     std::string received;
     for (;;) {
         if (done()) return true;
+        // Once the time is up, what has already arrived is still served.
         const double left = deadline - clock_.now();
-        if (left <= 0) return false;
         received.clear();
-        port_.read(received, left);  // sleeps until bytes arrive or the time is up
+        port_.read(received, left > 0 ? left : 0);  // sleeps until bytes arrive or the time is up
         receiver_.feed(received);
+        if (left <= 0) return done();
     }
 }
 

@@ -69,6 +69,17 @@ TEST_F(LineTest, AnAnswerTooLateForTheFirstWindowLandsInTheRepeat) {
     EXPECT_EQ(attempts, std::vector<std::string>{"1OK"});
 }
 
+TEST_F(LineTest, AnOkThatCameBeforeTheFrameIsNotItsAnswer) {
+    // The programmer's answer to the opening of programming mode waits in
+    // the port through the pause behind it.
+    io.set_peer(answers_ok());
+    line.ATTIVA_PROGRAMMAZIONE();
+    io.set_peer(nullptr);  // the module addressed next stays silent
+    line.STRINGA_TX = "(30012ED10]";
+    EXPECT_FALSE(line.INVIA_STRINGA(0));
+    EXPECT_EQ(attempts, (std::vector<std::string>{"1NO", "2NO"}));
+}
+
 TEST_F(LineTest, KeepAliveAfterFiveSecondsOfSending) {
     io.set_peer(answers_ok());
     line.ULTIMA_ATTIVAZIONE = io.clock().now();
