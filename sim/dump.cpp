@@ -1,0 +1,76 @@
+#include "sim/dump.hpp"
+
+#include <nlohmann/json.hpp>
+
+#include "bus/conversions.hpp"
+#include "sim/simulator.hpp"
+
+namespace filo::sim {
+namespace {
+
+using nlohmann::json;
+
+std::string remote_code(const TaughtRemote& r) {
+    // A half the receiver never got reads "..".
+    return (r.first ? bus::hex_byte(*r.first) : "..") +
+           (r.second ? bus::hex_byte(*r.second) : "..");
+}
+
+json module_json(const SimModule& m) {
+    json registers = json::object();
+    for (const auto& [command, value] : m.registers)
+        registers[bus::hex_byte(command)] = bus::hex_byte(value);
+    json texts = json::object();
+    for (const auto& [record, text] : m.texts) texts[bus::hex_byte(record)] = latin1_to_utf8(text);
+    json cards = json::array();
+    for (const auto& card : m.cards) cards.push_back({{"list", card.list}, {"entry", card.entry}});
+    json remotes = json::object();
+    for (const auto& [number, remote] : m.remotes)
+        remotes[std::to_string(number)] = remote_code(remote);
+    return {{"type", bus::hex_byte(m.type)},
+            {"silent", m.silent},
+            {"resets", m.resets},
+            {"reset", m.reset_value ? bus::hex_byte(*m.reset_value) : ""},
+            {"registers", std::move(registers)},
+            {"tipologie", m.tipologie},
+            {"texts", std::move(texts)},
+            {"cards", std::move(cards)},
+            {"links", m.links},
+            {"remotes", std::move(remotes)},
+            {"frames", m.frames}};
+}
+
+}  // namespace
+
+std::string latin1_to_utf8(const std::string& bytes) {
+    std::string out;
+    out.reserve(bytes.size());
+    for (char ch : bytes) {
+        const auto c = static_cast<unsigned char>(ch);
+        if (c < 0x80) {
+            out += ch;
+        } else {
+            out += static_cast<char>(0xC0 | (c >> 6));
+            out += static_cast<char>(0x80 | (c & 0x3F));
+        }
+    }
+    return out;
+}
+
+std::string dump_json(const Simulator& simulator) {
+    json modules = json::object();
+    for (const SimModule& m : simulator.modules()) modules[m.code] = module_json(m);
+    json bus = json::array();
+    for (const std::string& frame : simulator.bus()) bus.push_back(latin1_to_utf8(frame));
+    const json dump = {
+        {"modules", std::move(modules)},
+        {"links", simulator.links()},
+        {"frames", simulator.bus().size()},
+        {"rejected", simulator.rejected()},
+        {"programming",
+         {{"opened", simulator.programming_opened()}, {"closed", simulator.programming_closed()}}},
+        {"bus", std::move(bus)}};
+    return dump.dump(2) + "\n";
+}
+
+}  // namespace filo::sim
