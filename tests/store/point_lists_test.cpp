@@ -1,0 +1,449 @@
+#include <gtest/gtest.h>
+
+#include "store/point_fixture.hpp"
+#include "store/point_lists.hpp"
+#include "store/sqlite.hpp"
+#include "store/text_match.hpp"
+
+namespace filo::store {
+namespace {
+
+using testing::add_module;
+
+const std::string kContatti = std::string(48, ' ') + "-------CONTATTI-------";
+const std::string kVideo = std::string(44, ' ') + "-------VIDEOCITOFONO-------";
+const std::string kRemoti = std::string(48, ' ') + "-------REMOTI--------";
+const std::string kAnalogici = std::string(47, ' ') + "-------ANALOGICI---------";
+const std::string kSensori = std::string(47, ' ') + "-------SENSORI-----------";
+const std::string kTermostati = std::string(47, ' ') + "-------TERMOSTATI---------";
+const std::string kSicurezza = std::string(50, ' ') + "------SICUREZZA------";
+const std::string kCambioStato = std::string(32, ' ') + "-------EVENTI DI CAMBIO STATO---------";
+const std::string kEventi = std::string(48, ' ') + "-------EVENTI---------";
+const std::string kAggregazioni = std::string(47, ' ') + "-------AGGREGAZIONI---------";
+constexpr std::int64_t H = kGroupHeaderItemData;
+
+class PointListsTest : public testing::PointTest {
+  protected:
+    PointLists lists{project, texts};
+
+    // Every family of output, a deleted relay and a message module.
+    void outputs_project() {
+        add_module(table, "000111", 32, "Quadro", "RELE");
+        name("000111", 9, "Luce sala ");
+        name("000111", 17, "Luce nove ");  // output 9
+        name("000111", 10, "Spenta ");
+        set("000111", 10, "riserva", "K");
+        add_module(table, "000215", 10, "Spie", "SPIA");
+        name("000215", 9, "Spia cucina ");
+        add_module(table, "000325", 11, "Strip", "RGB");
+        name("000325", 9, "Rosso ");
+        name("000325", 10, "Verde ");
+        name("000325", 11, "Blu ");
+        add_module(table, "00040B", 9, "Dimmer", "DIMMER");
+        name("00040B", 9, "Dimmer tavolo ");
+        add_module(table, "000520", 9, "Bus", "B_LUCE");
+        name("000520", 9, "Bus luce ");
+        add_module(table, "00061F", 9, "Presa", "MODULATORE");
+        name("00061F", 9, "Modulatore ");
+        add_module(table, "000719", 9, "Sonda", "REGOLATORE");
+        name("000719", 9, "Regolatore ");
+        add_module(table, "FFF123", 9, "PAGINA 2 VIDEOCITOFONO", "VCITOF");
+        name("FFF123", 9, "Cancello ");
+        add_module(table, "00081E", 11, "*Pannello", "OUT_SERIALE");
+        name("00081E", 9, "Msg uno");
+        name("00081E", 10, "Msg due");
+    }
+
+    // Inputs of every group, a power-line modulator and a card reader.
+    void commands_project() {
+        add_module(table, "001011", 32, "Ingressi", "RELE");
+        const std::pair<char, const char*> inputs[] = {
+            {'P', "Pulsante ingresso"}, {'T', "Tenuto scale"}, {'i', "Finestra"}, {'V', "Sonda"},
+            {'L', "Luminosità"},        {'J', "Termostato"},   {'R', "Radio"}};
+        for (int i = 0; i < 7; ++i) {
+            kind("001011", i + 1, inputs[i].first);
+            name("001011", i + 1, inputs[i].second);
+        }
+        set("001011", 1, "riserva3", "00000000005" + std::string(15, '0'));
+        add_module(table, "00201F", 9, "Presa");
+        name("00201F", 1, "Comando presa");
+        name("00201F", 8, "(COMANDO) Presa ");
+        name("00201F", 9, "Presa ");
+        add_module(table, "00301A", 9, "Lettore");
+        name("00301A", 1, "Lettore");
+        add_module(table, "FFF023", 9, "PAGINA 1 VIDEOCITOFONO", "VCITOF");
+        kind("FFF023", 1, 'v');
+        name("FFF023", 1, "Chiamata");
+    }
+};
+
+TEST_F(PointListsTest, OutputsComeByFamilyWithTheirBlocks) {
+    outputs_project();
+    lists.STATO_GRUPPO = "VUOTO";
+    lists.CARICA_PUNTI_UTILIZZATORI();
+    const std::vector<ListEntry> expected = {
+        {"Luce nove ", id("000111", 17) + 100000},  // a relay from output 9 up
+        {"Luce sala ", id("000111", 9)},
+        {"Cancello ", id("FFF123", 9)},
+        {"Spia cucina ", id("000215", 9) + 200000},
+        {"RGB --->  Rosso   Verde   Blu ", id("000325", 9) + 500000},
+        {"Dimmer tavolo ", id("00040B", 9) + 300000},
+        {"Bus luce ", id("000520", 9) + 400000},
+        {"Modulatore ", id("00061F", 9) + 600000},
+        {"Regolatore ", id("000719", 9) + 700000},
+        {"MESSAGGIO del modulo Pannello", 0x100081E},  // once, for two messages
+        {"CREA GRUPPO", 0},
+    };
+    EXPECT_EQ(lists.Combo_UTILIZZATORI, expected);
+}
+
+TEST_F(PointListsTest, OutputFiltersAndGroupCommands) {
+    outputs_project();
+    struct Case {
+        const char* what;
+        PointFilters filters;
+        std::string group;
+        std::vector<std::string> texts;
+    } cases[] = {
+        {"a code, typed in small letters; messages are never filtered",
+         {"00040b", "", "", ""},
+         "",
+         {"Dimmer tavolo ", "MESSAGGIO del modulo Pannello"}},
+        {"a name in any case",
+         {"", "LUCE", "", ""},
+         "",
+         {"Luce nove ", "Luce sala ", "Bus luce ", "MESSAGGIO del modulo Pannello"}},
+        {"the name filter of RGB reads the whole entry",
+         {"", "verde", "", ""},
+         "",
+         {"RGB --->  Rosso   Verde   Blu ", "MESSAGGIO del modulo Pannello"}},
+        {"a group made: its two commands first",
+         {"0002", "", "", ""},
+         "CREATO",
+         {"USA GRUPPO", "VISUALIZZA GRUPPO", "MESSAGGIO del modulo Pannello"}},
+        {"the code filter compares six characters",
+         {"00011", "", "", ""},
+         "VUOTO",
+         {"MESSAGGIO del modulo Pannello", "CREA GRUPPO"}},
+    };
+    for (const Case& c : cases) {
+        lists.filters = c.filters;
+        lists.STATO_GRUPPO = c.group;
+        lists.CARICA_PUNTI_UTILIZZATORI();
+        std::vector<std::string> got;
+        for (const ListEntry& e : lists.Combo_UTILIZZATORI) got.push_back(e.text);
+        EXPECT_EQ(got, c.texts) << c.what;
+    }
+}
+
+TEST_F(PointListsTest, CommandsComeByGroupWithHeadersAndHeldPushbuttons) {
+    commands_project();
+    lists.CARICA_PUNTI_TRASMITTENTI();
+    const std::vector<ListEntry> expected = {
+        {kContatti, H},
+        {"Comando presa", id("00201F", 1)},  // its input 8 is the power-line command
+        {"Finestra", id("001011", 3)},
+        {"Lettore", id("00301A", 1) + 1400000},
+        {"Pulsante ingresso", id("001011", 1)},
+        {"Tenuto scale", id("001011", 2)},
+        {"Pulsante tenuto    Tenuto scale", id("001011", 2) + 300000},
+        {kVideo, H},
+        {"Chiamata", id("FFF023", 1)},
+        {kRemoti, H},
+        {"Radio", id("001011", 7)},
+        {kAnalogici, H},
+        {"Sonda", id("001011", 4)},
+        {kSensori, H},
+        {"Luminosità", id("001011", 5)},
+        {kTermostati, H},
+        {"Termostato", id("001011", 6)},
+        {kSicurezza, H},
+        {"AVVISO PRESENZA modulo  001011", id("001011", 1) + 600000},
+    };
+    EXPECT_EQ(lists.Combo_COMANDI, expected);
+}
+
+TEST_F(PointListsTest, CommandFiltersKeepHeadersOnlyForEntriesShown) {
+    commands_project();
+    struct Case {
+        const char* what;
+        PointFilters filters;
+        std::vector<std::string> texts;
+    } cases[] = {
+        {"a code keeps contacts, analogues, sensors and thermostats of that module only",
+         {"", "", "00201F", ""},
+         {kContatti, "Comando presa", kVideo, "Chiamata", kRemoti, "Radio", kSicurezza,
+          "AVVISO PRESENZA modulo  001011"}},
+        {"a name: the held entry follows its pushbutton",
+         {"", "", "", "tenuto"},
+         {kContatti, "Tenuto scale", "Pulsante tenuto    Tenuto scale"}},
+        {"a pushbutton that the filter drops takes its held entry with it",
+         {"", "", "", "pulsante"},
+         {kContatti, "Pulsante ingresso"}},
+        {"accented capitals are found as well",
+         {"", "", "", "LUMINOSITÀ"},
+         {kSensori, "Luminosità"}},
+        {"the filter reads the safety entry's own text",
+         {"", "", "", "presenza"},
+         {kSicurezza, "AVVISO PRESENZA modulo  001011"}},
+        {"nothing found: no header at all", {"", "", "", "cantina"}, {}},
+    };
+    for (const Case& c : cases) {
+        lists.filters = c.filters;
+        lists.CARICA_PUNTI_TRASMITTENTI();
+        std::vector<std::string> got;
+        for (const ListEntry& e : lists.Combo_COMANDI) got.push_back(e.text);
+        EXPECT_EQ(got, c.texts) << c.what;
+    }
+}
+
+TEST_F(PointListsTest, NameFilterIgnoresCaseBothWays) {
+    struct Case {
+        const char* text;
+        const char* filter;
+        bool passes;
+    } cases[] = {
+        {"ABC", "abc", true},     {"abc", "ABC", true},      {"Luce Sala", "e s", true},
+        {"Luce", "", true},       {"Luce", "luci", false},   {"ÈLITE", "èl", true},
+        {"Città", "CITTÀ", true}, {"Città", "citta", false},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(passes_name_filter(c.text, c.filter), c.passes) << c.text << " / " << c.filter;
+}
+
+TEST_F(PointListsTest, AnEmptyProjectOffersOnlyTheGroupCommand) {
+    lists.STATO_GRUPPO = "VUOTO";
+    lists.CARICA_COMBO(3);
+    EXPECT_TRUE(lists.Combo_COMANDI.empty());
+    EXPECT_EQ(lists.Combo_UTILIZZATORI, (std::vector<ListEntry>{{"CREA GRUPPO", 0}}));
+}
+
+TEST_F(PointListsTest, WithoutInputsNotEvenPresenceIsListed) {
+    add_module(table, "000111", 9, "Quadro");
+    name("000111", 1, "Pulsante");
+    set("000111", 1, "riserva3", "00000000005" + std::string(15, '0'));
+    sql("UPDATE nick SET tipologia = 'RELE' WHERE tipologia = 'INPUT'");
+    lists.CARICA_PUNTI_TRASMITTENTI();
+    EXPECT_TRUE(lists.Combo_COMANDI.empty());
+}
+
+TEST_F(PointListsTest, PresenceNeedsTheParameterAndGetsNullFixed) {
+    add_module(table, "000111", 9, "Quadro");
+    add_module(table, "000211", 9, "Quadro");
+    name("000111", 1, "Uno");
+    name("000211", 1, "Due");
+    sql("UPDATE nick SET riserva3 = NULL WHERE codice = '000211' AND campo = '1'");
+    lists.CARICA_PUNTI_TRASMITTENTI();
+    EXPECT_EQ(lists.Combo_COMANDI.size(), 3u);  // contacts only: no parameter set
+    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE riserva3 IS NULL"), 0);
+}
+
+TEST_F(PointListsTest, EventsAreListedOncePerLinkThatGivesThem) {
+    add_module(table, "000111", 9, "Relè");
+    name("000111", 9, "Luce ");
+    name("000111", 1, "Pulsante");
+    add_module(table, "000225", 11, "Strip", "RGB");
+    name("000225", 9, "R1 ");
+    name("000225", 10, "G1 ");
+    name("000225", 11, "B1 ");
+    add_module(table, "00030B", 9, "Dimmer", "DIMMER");
+    name("00030B", 9, "Dimmer ");
+    const std::string event = "000010001", plain = "000000001";
+    link("000111/1", "Luce ", "000111/1", "Pulsante", event);
+    link("000111/1", "LUCE ", "000111/2", "Altro", event);  // names compare without case
+    link("000111/1", "Luce ", "000111/3", "Terzo", plain);
+    link("000225/1", "R1 ", "000111/1", "Pulsante", event);
+    link("00030B/1", "Dimmer ", "000111/1", "Pulsante", event);
+    lists.CARICA_PUNTI_TRASMITTENTI_ESTESI();
+    const std::vector<ListEntry> expected = {
+        {kCambioStato, H},
+        {"Evento Luce ", id("000111", 9) + 100000},
+        {"Evento Luce ", id("000111", 9) + 100000},
+        {kEventi, H},
+        {"MASTER RGB --->  R1 --G1 --B1   ", id("000225", 11) + 1300000},
+        {kEventi, H},
+        {"Evento Dimmer ", id("00030B", 9) + 100000},
+    };
+    EXPECT_EQ(lists.Combo_COMANDI, expected);
+}
+
+TEST_F(PointListsTest, AggregationsOfScenesAndFlags) {
+    add_module(table, "000148", 9, "Scenari");
+    add_module(table, "000248", 9, "");
+    add_module(table, "000348", 9, "Senza dati");
+    add_module(table, "000411", 32, "Flag");
+    set("000148", 1, "riserva3", "00000001" + std::string(18, '0'));
+    set("000248", 1, "riserva3", "00000010" + std::string(18, '0'));
+    sql("UPDATE nick SET riserva3 = NULL WHERE codice = '000348' AND campo = '1'");
+    set("000411", 2, "riserva", "Notte");
+    set("000411", 6, "riserva", "Giorno");
+    const std::int64_t flags = id("000411", 1);
+    lists.EVENTI_SPECIALI();
+    const std::vector<ListEntry> expected = {
+        {kAggregazioni, H},
+        {"Scenari   SE ALMENO 1 é Vero", id("000148", 1) + 400000},
+        {"Scenari   TUTTI Veri", id("000148", 1) + 500000},
+        {"000248   SE ALMENO 1 é Vero", id("000248", 1) + 400000},  // no note: the code
+        {"000248   TUTTI Veri", id("000248", 1) + 500000},
+        {"Notte   SE ALMENO 1 é Vero", flags + 700000},
+        {"Notte   TUTTI Veri", flags + 800000},
+        {"Giorno   SE ALMENO 1 é Vero", flags + 1100000},
+        {"Giorno   TUTTI Veri", flags + 1200000},
+    };
+    EXPECT_EQ(lists.Combo_COMANDI, expected);
+}
+
+TEST_F(PointListsTest, TheLevelDecidesWhatTheCommandListHolds) {
+    add_module(table, "000111", 9, "Relè");
+    add_module(table, "000248", 9, "Scenari");
+    name("000111", 9, "Luce ");
+    name("000111", 1, "Pulsante");
+    name("000111", 2, "Cancello");
+    set("000248", 1, "riserva3", "00000001" + std::string(18, '0'));
+    link("000111/1", "Luce ", "000111/1", "Pulsante", "000010001");
+    struct Case {
+        int level;
+        const char* name_filter;
+        std::size_t entries;
+    } cases[] = {
+        {1, "xyz", 3},       // contacts only; the name filter box is hidden at this level
+        {2, "", 5},          // and the event of Luce
+        {2, "cancello", 2},  // the name filter works from this level up
+        {3, "", 8},          // and the two aggregations of the scene module
+    };
+    for (const Case& c : cases) {
+        lists.filters.nome_comandi = c.name_filter;
+        lists.CARICA_COMBO(c.level);
+        EXPECT_EQ(lists.Combo_COMANDI.size(), c.entries) << c.level << " " << c.name_filter;
+        EXPECT_EQ(lists.filters.nome_comandi, c.name_filter);  // as the installer typed it
+    }
+}
+
+TEST_F(PointListsTest, MessagesOfAModuleWithThoseOfTheLinkSelected) {
+    add_module(table, "00081E", 11, "*Pannello", "OUT_SERIALE");
+    name("00081E", 9, "Msg uno");
+    name("00081E", 10, "Msg due");
+    name("00081E", 11, "Msg tre");
+    set("00081E", 11, "riserva", "K");
+    std::string bits(96, '0');
+    bits[95] = '1';  // message 1
+    MessageList list = lists.ELENCO_MESSAGGI("00081E", bits);
+    EXPECT_EQ(list.entries, (std::vector<ListEntry>{{"Msg due", 2}, {"Msg uno", 1}}));
+    EXPECT_EQ(list.selected, (std::vector<bool>{false, true}));
+}
+
+TEST_F(PointListsTest, RadioReceiversAndCardReaderGroups) {
+    EXPECT_FALSE(lists.LEGGI_TIPO_radio());
+    add_module(table, "00094A", 9, "Radio");
+    EXPECT_EQ(lists.LEGGI_TIPO_radio(), 9);
+
+    const char* readers[][2] = {{"00101A", "Ingresso"}, {"00111A", "Ingresso"},
+                                {"00121A", "Garage"},   {"00131A", "Ingresso"},
+                                {"00141A", "Ingresso"}, {"00151A", "Ingresso"}};
+    for (auto& r : readers) {
+        add_module(table, r[0], 9, "Lettore");
+        set(r[0], 1, "riserva", r[1]);
+        name(r[0], 1, std::string("L") + r[0]);
+    }
+    const std::vector<TransponderRow> expected = {
+        {"Garage", "L00121A", "00121A", "", "", ""},
+        {"Ingresso", "L00101A", "00101A", "00111A", "00131A", "00141A"},
+        {"Ingresso", "L00151A", "00151A", "", "", ""},  // the fifth reader goes on
+    };
+    EXPECT_EQ(lists.LEGGI_TIPO_1A(), expected);
+}
+
+// The events of outputs as the link editor first listed them: for every
+// output row, a walk of the whole link table; for RGB, for every link, a walk
+// of all RGB rows. The indexed lists must give exactly this.
+std::vector<ListEntry> events_walking_every_link(Project& project,
+                                                 const texts::LanguageTables& texts) {
+    LinkTable links(project);
+    links.LEGGI_LINK();
+    auto rows_of = [&project](const char* tipologia, const char* order) {
+        auto q = project.database().prepare(
+            std::string("SELECT ID, campo, nick, riserva FROM nick WHERE tipologia LIKE '") +
+            tipologia + "' ORDER BY " + order);
+        std::vector<std::tuple<std::int64_t, std::string, std::string, std::string>> rows;
+        while (q.step()) rows.emplace_back(q.integer(0), q.text(1), q.text(2), q.text(3));
+        return rows;
+    };
+    auto gives_event = [](const LinkRow& l) { return l.modo_.size() >= 5 && l.modo_[4] == '1'; };
+    std::vector<ListEntry> list;
+    bool header_due = false;
+    std::string header;
+    auto add = [&](const std::string& text, std::int64_t data) {
+        if (header_due) list.push_back({header, kGroupHeaderItemData});
+        header_due = false;
+        list.push_back({text, data});
+    };
+    auto outputs = [&](const char* tipologia, const std::string& title) {
+        header = title;
+        header_due = true;
+        for (auto& [id, campo, nick, riserva] : rows_of(tipologia, "nick COLLATE NOCASE, ID")) {
+            if (nick.empty() || riserva == "K") continue;
+            for (int j = 1; j <= links.N_LINK(); ++j)
+                if (equal_ignoring_ascii_case(links.link(j).nick_ricevente, nick) &&
+                    gives_event(links.link(j)))
+                    add(texts.text(texts::Text::EVENT_WORD) + nick, id + 100000);
+        }
+    };
+    outputs("RELE", kCambioStato);
+    header = kEventi;
+    header_due = true;
+    auto rgb = rows_of("RGB", "ID");
+    for (int j = 1; j <= links.N_LINK(); ++j) {
+        for (std::size_t i = 0; i < rgb.size(); ++i) {
+            auto& [id, campo, nick, riserva] = rgb[i];
+            if (campo != "9" || nick.empty() || riserva == "K" || !gives_event(links.link(j)) ||
+                !equal_ignoring_ascii_case(nick, links.link(j).nick_ricevente) ||
+                i + 2 >= rgb.size())
+                continue;
+            add(texts.text(texts::Text::MASTER_RGB) + nick + "--" + std::get<2>(rgb[i + 1]) + "--" +
+                    std::get<2>(rgb[i + 2]) + "  ",
+                std::get<0>(rgb[i + 2]) + 1300000);
+            i += 2;
+        }
+    }
+    outputs("DIMMER", kEventi);
+    return list;
+}
+
+TEST_F(PointListsTest, IndexedEventsListAsAWalkOfEveryLink) {
+    {
+        sqlite::Transaction t(project.database());
+        testing::add_generated_modules(table, 120);
+        // Two RGB strips and two relays under one name; short strips of one
+        // RGB row each, whose master takes the rows of the strips after it.
+        sql("UPDATE nick SET nick = 'Doppio ' WHERE codice IN ('00034A', '00094A') AND campo = "
+            "'9'");
+        sql("UPDATE nick SET nick = 'Doppio ' WHERE codice IN ('00061F', '000C1F') AND campo = "
+            "'9'");
+        for (const char* code : {"0F014A", "0F024A", "0F034A", "0F044A"}) {
+            add_module(table, code, 9, "Corta", "RGB");
+            name(code, 9, "Corta ");
+        }
+        auto q = project.database().prepare(
+            "SELECT nick FROM nick WHERE campo IN ('9', '10', '11') AND nick <> '' ORDER BY ID");
+        std::vector<std::string> names;
+        while (q.step()) names.push_back(q.text(0));
+        names.push_back("DOPPIO ");
+        std::uint32_t seed = 12345;
+        auto next = [&seed] { return (seed = seed * 1103515245u + 12345u) >> 8; };
+        for (int k = 0; k < 600; ++k) {
+            const std::string& receiver = names[next() % names.size()];
+            link("00011F/1", receiver, "000111/1", "Pulsante",
+                 next() % 3 == 0 ? "000000001" : "000010001");
+            if (next() % 4 == 0) second_page();
+        }
+        t.commit();
+    }
+    lists.Combo_COMANDI.clear();
+    lists.CARICA_PUNTI_TRASMITTENTI_ESTESI();
+    const std::vector<ListEntry> walked = events_walking_every_link(project, texts);
+    EXPECT_GT(walked.size(), 150u);
+    EXPECT_EQ(lists.Combo_COMANDI, walked);
+}
+
+}  // namespace
+}  // namespace filo::store
