@@ -55,6 +55,17 @@ struct SendRequest {
 };
 int send_frame(Context& context, const SendRequest& request);
 
+// A programming run of the whole installation.
+struct ProgramRequest {
+    std::string project;
+    std::string port;
+    bool dry_run = false;   // a programmer answering every frame, in virtual time
+    bool trace = false;     // every write to the port, one line each
+    std::string on_errors;  // "stop", "continue", or "" to ask on the terminal
+    bool short_message = true;
+};
+int program_installation(Context& context, const ProgramRequest& request);
+
 // The rows of the link table with the frame that programs each.
 int list_links(Context& context, const std::string& project_path);
 

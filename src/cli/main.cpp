@@ -95,6 +95,27 @@ int run(int argc, char** argv) {
         ->add_option("--wait", send.answer_ms, "Milliseconds waited for the answer beyond 0.1 s")
         ->check(CLI::Range(0, 60000));
 
+    filo::cli::ProgramRequest program;
+    auto* program_cmd =
+        command("program", "Program the whole installation through the programmer",
+                [&](Context& c) { return filo::cli::program_installation(c, program); });
+    program_cmd->add_option("project", program.project, "The project file")->required();
+    auto* port_option = program_cmd->add_option("--port", program.port, "The programmer's port");
+    auto* dry_run = program_cmd->add_flag(
+        "--dry-run", program.dry_run,
+        "Run against a programmer that answers every frame at once, in virtual time");
+    port_option->excludes(dry_run);
+    program_cmd
+        ->add_flag("--trace", program.trace,
+                   "With --dry-run: print every write to the port, one line each")
+        ->needs(dry_run);
+    program_cmd
+        ->add_option("--on-errors", program.on_errors,
+                     "After ten failed frames: stop or continue (default: ask)")
+        ->check(CLI::IsMember({"stop", "continue"}));
+    program_cmd->add_flag("!--no-short-message", program.short_message,
+                          "Reset the modules without their short message");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& e) {
