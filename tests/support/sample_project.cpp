@@ -2,8 +2,11 @@
 
 #include <cstdio>
 
+#include "store/link_table.hpp"
 #include "store/module_table.hpp"
+#include "store/project.hpp"
 #include "store/project_files.hpp"
+#include "store/sqlite.hpp"
 
 namespace filo::testing {
 
@@ -54,6 +57,40 @@ void add_generated_modules(store::ModuleTable& table, int modules) {
         table.CODICE_MODULO = code;
         table.AGGIUNGI_MODULO();
     }
+}
+
+void add_generated_links(store::Project& project, const std::vector<std::string>& codes,
+                         int count) {
+    if (codes.empty()) return;
+    const auto n = codes.size();
+    store::LinkTable links(project);
+    sqlite::Transaction transaction(project.database());
+    for (int i = 0; i < count; ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        const std::string& rx = codes[k % n];
+        const std::string& tx = codes[(k * 7 + 3) % n];
+        const std::string output = std::to_string(i % 8 + 1);
+        const std::string input = std::to_string((i / 8) % 8 + 1);
+        store::LinkRow& r = links.LINK_CORRENTE;
+        r = store::LinkRow{};
+        r.identificativoRX = rx + "/" + output;
+        r.numero_uscita = output;
+        r.nick_ricevente = "Luce " + rx + "." + output + " ";
+        r.identificativoTX = tx + "/" + input;
+        r.numero_ingresso = input;
+        r.nick_trasmittente = "Pulsante " + tx + "." + input + " ";
+        r.opzione = "P";
+        r.tempo_on1 = r.tempo_on2 = r.tempo_off1 = r.tempo_off2 = "0";
+        r.modo_ = "000000112";
+        r.on_ = "251";
+        r.off_ = "8";
+        r.and_ = "00000000";
+        r.minuto = r.ora = r.giorno = "00";
+        r.settimana = "00000000";
+        r.dato13 = "000000";
+        links.AGGIUNGI_LINK();
+    }
+    transaction.commit();
 }
 
 std::filesystem::path make_empty_project(const std::filesystem::path& directory,

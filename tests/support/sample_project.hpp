@@ -1,12 +1,14 @@
 #pragma once
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "store/nick_row.hpp"
 
 namespace filo::store {
 class ModuleTable;
-}
+class Project;
+}  // namespace filo::store
 
 namespace filo::testing {
 
@@ -23,6 +25,11 @@ void add_module(store::ModuleTable& table, const std::string& codice, int rows,
 // An installation of the given size for measurements: module i has code
 // <i as 4 hex digits><type>, 16 to 32 rows, and every point named.
 void add_generated_modules(store::ModuleTable& table, int modules);
+
+// Links between the given modules, for measurements: link i switches an
+// output of one module from an input of another, names as
+// add_generated_modules gives them. One transaction.
+void add_generated_links(store::Project& project, const std::vector<std::string>& codes, int count);
 
 // An empty project file made from the built-in schema.
 std::filesystem::path make_empty_project(const std::filesystem::path& directory,
