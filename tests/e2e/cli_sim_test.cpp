@@ -1,0 +1,144 @@
+// filo-cli against filo-sim over a real pseudo-terminal.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "bus/frame_builder.hpp"
+#include "platform/serial_port.hpp"
+#include "support/run_program.hpp"
+#include "support/sim_process.hpp"
+#include "support/temp_dir.hpp"
+
+namespace filo {
+namespace {
+
+using testing::SimProcess;
+
+class CliSimTest : public ::testing::Test {
+  protected:
+    testing::ProgramResult cli(const std::vector<std::string>& args) {
+        return testing::run_program("filo-cli", args, {{"FILO_HOME", (dir / "home").string()}});
+    }
+    nlohmann::json dump() { return nlohmann::json::parse(testing::read_file(dir / "dump.json")); }
+    testing::TempDir dir;
+};
+
+TEST_F(CliSimTest, ConnectFindsTheProgrammerOnThePort) {
+    SimProcess sim({"--modules", "00121F"});
+    const auto r = cli({"connect", "--port", sim.port()});
+    EXPECT_EQ(r.exit_code, 0) << r.err;
+    EXPECT_EQ(r.out, "ON_LINE  su comm   " + sim.port() + "\n");
+    EXPECT_EQ(sim.stop(), 0);
+}
+
+TEST_F(CliSimTest, SendGetsTheAnswerTheInstallationGives) {
+    struct Case {
+        const char* what;
+        std::vector<std::string> sim;
+        std::string frame;
+        std::string wait;
+        std::string out;
+        int exit_code;
+        std::size_t on_bus;  // times the frame was put on the bus
+    } cases[] = {
+        {"a module that is there", {}, "(30012EC05]", "0", "Modulo n° 0012 OK\n", 0, 1},
+        {"a silent module: two attempts, then the failure",
+         {"--silent", "00221F"},
+         "(30022EC05]",
+         "0",
+         "Modulo n° 0022 NO\nModulo n° 0022 NO / /\n",
+         3,
+         2},
+        {"no module at the address",
+         {},
+         "(30099EC05]",
+         "0",
+         "Modulo n° 0099 NO\nModulo n° 0099 NO / /\n",
+         3,
+         2},
+        // The OK comes 0.3 s late: after the first window of 0.2 s, within the second.
+        {"a late answer lands in the repeat",
+         {"--late", "300"},
+         "(30012EC05]",
+         "100",
+         "Modulo n° 0012 NO\nModulo n° 0012 OK\n",
+         0,
+         2},
+        {"split writes and noise",
+         {"--split", "--noise", "1", "--seed", "5"},
+         "(30012EC05]",
+         "0",
+         "Modulo n° 0012 OK\n",
+         0,
+         1},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> args = {"--modules", "00121F", "--dump",
+                                         (dir / "dump.json").string()};
+        args.insert(args.end(), c.sim.begin(), c.sim.end());
+        SimProcess sim(args);
+        const auto r = cli({"send", "--port", sim.port(), "--wait", c.wait, c.frame});
+        EXPECT_EQ(r.exit_code, c.exit_code) << c.what << ": " << r.err;
+        EXPECT_EQ(r.out, c.out) << c.what;
+        EXPECT_EQ(sim.stop(), 0) << c.what << ": " << sim.errors();
+        EXPECT_EQ(dump()["bus"].size(), c.on_bus) << c.what;
+    }
+}
+
+TEST_F(CliSimTest, LostOksAreFollowedAsTheSeedSays) {
+    // With half the OKs lost, some frames need their repeat and a few fail
+    // both attempts; the same seed loses the same ones.
+    auto outputs = [&] {
+        SimProcess sim({"--modules", "00121F", "--drop-ok", "0.5", "--seed", "11"});
+        std::string all;
+        for (int i = 0; i < 6; ++i) all += cli({"send", "--port", sim.port(), "(30012EC05]"}).out;
+        return all;
+    };
+    const std::string first = outputs();
+    EXPECT_NE(first.find(" NO\n"), std::string::npos) << first;
+    EXPECT_NE(first.find(" OK\n"), std::string::npos) << first;
+    EXPECT_EQ(outputs(), first);
+}
+
+TEST_F(CliSimTest, TheDumpIsWrittenOnTerminationWithWhatWasProgrammed) {
+    SimProcess sim({"--modules", "00121F,00304A", "--dump", (dir / "dump.json").string()});
+    for (const char* frame : {"(300126F68]", "(3001267 0F]", "(3003010A1]", "(3003090B2]"}) {
+        std::string f = frame;
+        f.erase(std::remove(f.begin(), f.end(), ' '), f.end());
+        EXPECT_EQ(cli({"send", "--port", sim.port(), f}).exit_code, 0) << f;
+    }
+    EXPECT_EQ(sim.stop(), 0);
+    const auto d = dump();
+    EXPECT_EQ(d["modules"]["00121F"]["registers"], nlohmann::json({{"67", "0F"}}));
+    EXPECT_EQ(d["modules"]["00121F"]["resets"], 1);
+    EXPECT_EQ(d["modules"]["00304A"]["remotes"], nlohmann::json({{"1", "A1B2"}}));
+    EXPECT_EQ(d["frames"], 4);
+}
+
+TEST_F(CliSimTest, ControlLinesBecomeFramesOfTheModule) {
+    SimProcess sim({"--modules", "00121F"});
+    auto port = platform::open_serial_port(sim.port());
+    sim.control("press 00121F 3");
+    sim.control("press 00991F 3");  // no such module: told on standard error
+    sim.control("release 00121F 3");
+    const std::string expected =
+        bus::input_event_frame(0x0012, 3, 251) + bus::input_event_frame(0x0012, 3, 9);
+    std::string got;
+    for (int i = 0; i < 40 && got.size() < expected.size(); ++i) port->read(got, 0.05);
+    EXPECT_EQ(got, expected);
+    EXPECT_EQ(sim.stop(), 0);
+    EXPECT_NE(sim.errors().find("no module 00991F"), std::string::npos) << sim.errors();
+}
+
+TEST_F(CliSimTest, WrongOptionsStopTheSimulatorBeforeItServes) {
+    for (const std::vector<std::string>& args : {std::vector<std::string>{"--modules", "00121G"},
+                                                 {"--drop-ok", "2"},
+                                                 {"--project", (dir / "missing.TRN").string()}}) {
+        const auto r = testing::run_program("filo-sim", args);
+        EXPECT_NE(r.exit_code, 0) << args[1];
+        EXPECT_EQ(r.out, "") << args[1];
+    }
+}
+
+}  // namespace
+}  // namespace filo
