@@ -5,7 +5,10 @@
 
 #include "bus/frame_builder.hpp"
 #include "platform/serial_port.hpp"
+#include "store/module_table.hpp"
+#include "store/project.hpp"
 #include "support/run_program.hpp"
+#include "support/sample_project.hpp"
 #include "support/sim_process.hpp"
 #include "support/temp_dir.hpp"
 
@@ -128,6 +131,24 @@ TEST_F(CliSimTest, ControlLinesBecomeFramesOfTheModule) {
     EXPECT_EQ(got, expected);
     EXPECT_EQ(sim.stop(), 0);
     EXPECT_NE(sim.errors().find("no module 00991F"), std::string::npos) << sim.errors();
+}
+
+TEST_F(CliSimTest, AProjectsLiveModulesAreTheInstallation) {
+    const auto file = testing::make_empty_project(dir.path());
+    {
+        store::Project project;
+        project.open(file);
+        store::ModuleTable table(project);
+        testing::add_module(table, "00211F", 16, "Quadro");
+        testing::add_module(table, "A1B234", 8, "Telecomando");  // radio: not on the bus
+    }
+    SimProcess sim({"--project", file.string(), "--dump", (dir / "dump.json").string()});
+    EXPECT_EQ(cli({"send", "--port", sim.port(), "(30021EC05]"}).out, "Modulo n° 0021 OK\n");
+    EXPECT_EQ(cli({"send", "--port", sim.port(), "--wait", "0", "(3A1B2EC05]"}).exit_code, 3);
+    EXPECT_EQ(sim.stop(), 0);
+    const auto d = dump();
+    EXPECT_EQ(d["modules"].size(), 1u);
+    EXPECT_EQ(d["modules"]["00211F"]["registers"]["EC"], "05");
 }
 
 TEST_F(CliSimTest, WrongOptionsStopTheSimulatorBeforeItServes) {
