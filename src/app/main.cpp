@@ -1,0 +1,64 @@
+// filo: the desktop application.
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QMessageBox>
+#include <filesystem>
+
+#include "app/mdi_form1.hpp"
+#include "app/qt_messages.hpp"
+#include "app/qt_port_host.hpp"
+#include "app/session.hpp"
+#include "app/single_instance.hpp"
+#include "bus/receive_assembler.hpp"
+#include "platform/clock.hpp"
+#include "platform/data_directory.hpp"
+#include "platform/speech_engine.hpp"
+
+int main(int argc, char** argv) {
+    using filo::texts::Text;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("filo");
+    QCommandLineParser options;
+    options.setApplicationDescription(
+        "Filo: commissioning of home-automation installations on a serial field bus");
+    options.addHelpOption();
+    const QCommandLineOption demo_option(
+        "demo", "Open the demo project, connected to a simulated installation");
+    options.addOption(demo_option);
+    options.process(application);
+
+    filo::texts::LanguageTables startup_texts;
+    startup_texts.ITALIANO();
+    std::filesystem::path directory;
+    try {
+        directory = filo::platform::data_directory();
+    } catch (const std::filesystem::filesystem_error& e) {
+        QMessageBox::critical(
+            nullptr, QString::fromStdString(startup_texts.text(Text::TITLE_FILO)),
+            QString::fromStdString(startup_texts.text(Text::FILE_ERROR)) + e.what());
+        return 1;
+    }
+    filo::app::SingleInstance instance(directory);
+    if (!instance.acquired()) {
+        QMessageBox::warning(nullptr, QString::fromStdString(startup_texts.text(Text::TITLE_FILO)),
+                             QString::fromStdString(startup_texts.text(Text::SECOND_COPY_REFUSED)));
+        return 1;
+    }
+
+    filo::platform::SteadyClock clock;
+    filo::bus::ReceiveAssembler receiver;
+    filo::app::QtPortHost port(receiver, clock);
+    filo::app::QtMessages messages;
+    filo::app::Session session(directory, port, receiver, messages);
+    filo::app::MDIForm1 window(session, filo::app::system_services());
+    messages.set_parent(&window);
+    QObject::connect(&port, &filo::app::QtPortHost::lost, &window, &filo::app::MDIForm1::port_lost);
+    window.show();
+
+    std::string speech_error;
+    session.speech = filo::platform::make_system_voice(speech_error);
+    if (!session.speech)
+        session.message(Text::SPEECH_UNAVAILABLE, Text::TITLE_SPEECH, {}, speech_error);
+
+    return application.exec();
+}

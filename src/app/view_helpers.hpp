@@ -1,0 +1,31 @@
+#pragma once
+// The pictures of the windows, drawn rather than shipped: the flags of the
+// languages, the level marks, and the light that shows a hovered entry.
+#include <QIcon>
+#include <QPixmap>
+#include <QString>
+#include <functional>
+#include <string>
+
+class QAbstractButton;
+class QLabel;
+class QWidget;
+
+namespace filo::app {
+
+// Image3(index): Italy, Spain, France, Germany, Italy.
+QPixmap flag_picture(int index, int height = 22);
+// Image1: one to three bars for the level.
+QPixmap level_picture(int level, int height = 40);
+// The standard icons of the entries, by a name of this program.
+QIcon entry_icon(const QWidget* widget, const char* name);
+
+// A label that works as the caption of a button: a click on it clicks the
+// button, and hovering it hovers the button.
+void pair_caption(QLabel* caption, QAbstractButton* button);
+// Runs f when the mouse enters the widget.
+void on_hover(QWidget* widget, std::function<void()> f);
+
+QString qs(const std::string& text);
+
+}  // namespace filo::app

@@ -1,0 +1,256 @@
+// The project window's tool object: codes typed and chosen, the gesture,
+// the menu and the scan, without a screen.
+#include "app/project_hub.hpp"
+
+#include "bus/module_code.hpp"
+#include "gui/gui_fixture.hpp"
+
+namespace filo::testing {
+namespace {
+
+using texts::Text;
+
+class HubTest : public SessionTest {
+  protected:
+    HubTest() {
+        open_new_project();
+        host.show_connection = [this] {
+            ++connection_shown;
+            if (!connect_to.empty()) session.use_port(connect_to);
+        };
+        host.show_programming = [this] { ++programming_shown; };
+        host.show_main_menu = [this] { ++main_menu_shown; };
+        host.schedule_scan_tick = [this](int ms) { next_tick.push_back(ms); };
+    }
+    app::ProjectHub& hub() {
+        if (!hub_) {
+            hub_ = std::make_unique<app::ProjectHub>(session, host);
+            EXPECT_TRUE(hub_->load());
+        }
+        return *hub_;
+    }
+    // Types the code and lets Timer2 run when it was armed.
+    void type(const std::string& code) {
+        hub().Text3_Change(code);
+        if (hub().Timer2) hub().Timer2_Timer();
+    }
+    // Runs the scan to its end as the window's timer does.
+    void run_scan() {
+        while (!next_tick.empty() && hub().scanning()) {
+            const int ms = next_tick.back();
+            next_tick.clear();
+            line.serve_until(line.clock().now() + ms / 1000.0, [] { return false; });
+            hub().scan_tick();
+        }
+    }
+
+    app::HubHost host;
+    std::unique_ptr<app::ProjectHub> hub_;
+    int connection_shown = 0, programming_shown = 0, main_menu_shown = 0;
+    std::string connect_to;
+    std::vector<int> next_tick;
+};
+
+TEST_F(HubTest, LoadShowsTheProjectAndItsModulesInTheCaption) {
+    add_module("00121F");
+    EXPECT_EQ(hub().caption, "WINDOW 3  Progetto : casa    moduli presenti  1");
+    EXPECT_EQ(session.PROGETTO_CHIUSO, "NO");
+    ASSERT_EQ(hub().lists.by_code.size(), 1u);
+    EXPECT_EQ(hub().lists.by_code[0].substr(0, 6), "00121F");
+    EXPECT_FALSE(hub().Frame2 || hub().Frame3 || hub().Frame4);
+}
+
+TEST_F(HubTest, TheCodeFilterPassesHexDigitsAsCapitalsUpToEight) {
+    const struct {
+        char key;
+        std::size_t length;
+        std::optional<char> passed;
+    } cases[] = {{'a', 0, 'A'},          {'F', 3, 'F'},          {'7', 7, '7'},
+                 {'g', 0, std::nullopt}, {' ', 2, std::nullopt}, {'1', 8, std::nullopt},
+                 {'\b', 8, '\b'}};
+    for (const auto& c : cases)
+        EXPECT_EQ(app::ProjectHub::filter_key(c.key, c.length), c.passed) << c.key << c.length;
+}
+
+TEST_F(HubTest, ATypedCodeIsCheckedAndANewModuleEntered) {
+    add_module("00121F");
+    add_module("00AA15");
+    session.modules.CODICE_MODULO = "00AA15";
+    session.modules.LEGGI_MODULO("00AA15");
+    session.modules.CANCELLA_MODULO();  // its number is free again
+    const std::string wrong = "00131F00";
+    const struct {
+        std::string typed;
+        std::vector<std::string> told;  // messages, in order
+        std::string text_after;
+    } cases[] = {
+        {"001319", {}, "001319"},  // six characters: nothing yet
+        {wrong, {"Codice inserito non corretto"}, ""},
+        {bus::printed_code("001215"), {"Codice già in uso in questo progetto"}, ""},
+        {bus::printed_code("00121F"),
+         {"Non ancora disponibile in questa versione:  GESTIONE  MODULO "},
+         ""},
+        {bus::printed_code("002015"),
+         {"Modulo inserito con le impostazioni del suo tipo: 002015"},
+         ""},
+        {bus::printed_code("00AA14"),
+         {"Modulo inserito con le impostazioni del suo tipo: 00AA14"},
+         ""},
+    };
+    for (const auto& c : cases) {
+        messages.shown.clear();
+        type(c.typed);
+        EXPECT_EQ(shown_texts(), c.told) << c.typed;
+        EXPECT_EQ(hub().Text3, c.text_after) << c.typed;
+    }
+    EXPECT_EQ(session.modules.ELENCO_CODICI,
+              (std::vector<std::string>{"00121F", "002015", "00AA14"}));
+    EXPECT_EQ(hub().caption.substr(hub().caption.size() - 1), "3");
+}
+
+TEST_F(HubTest, FiveDoubleClicksEachWithinTwoSecondsTakeCodesWithoutCheckDigits) {
+    // Four, then the timer runs out: the count starts again.
+    for (int i = 0; i < 4; ++i) hub().Label25_DblClick();
+    EXPECT_TRUE(hub().Timer7);
+    hub().Timer7_Timer();
+    EXPECT_EQ(hub().CONTATORE_DOPPI_CLIC, 0);
+    for (int i = 0; i < 4; ++i) hub().Label25_DblClick();
+    EXPECT_EQ(session.CONTROLLO_CODICE, "");
+    EXPECT_EQ(hub().Label25, "");
+    hub().Label25_DblClick();
+    EXPECT_EQ(session.MODO_ESPERTO, "SI");
+    EXPECT_EQ(session.CONTROLLO_CODICE, "NO");
+    EXPECT_EQ(hub().Label25, "******************");
+
+    type("00301500");  // wrong check digits, taken all the same
+    EXPECT_EQ(shown_texts(),
+              std::vector<std::string>{"Modulo inserito con le impostazioni del suo tipo: 003015"});
+}
+
+TEST_F(HubTest, ChoosingFromTheListsSetsTheModuleAndHeadingsAreNotTaken) {
+    add_module("00121F");
+    hub().Combo1_Click("00121F  cucina");
+    EXPECT_TRUE(hub().Timer2);
+    EXPECT_EQ(hub().CODICE_MODULO(), "00121F");
+    hub().Timer2 = false;
+    EXPECT_FALSE(hub().Combo2_Click(0));
+    EXPECT_FALSE(hub().Timer2);
+    EXPECT_TRUE(hub().Combo2_Click(0x1003015));
+    EXPECT_EQ(hub().CODICE_MODULO(), "003015");
+    EXPECT_EQ(session.modules.TIPO_MODULO, "15");
+    // While the scan's comparison fills the list, a change there is no choice.
+    hub().Timer2 = false;
+    hub().combo1_held = true;
+    hub().Combo1_Click("00121F");
+    EXPECT_FALSE(hub().Timer2);
+}
+
+TEST_F(HubTest, TheMenuOpensFramesAndSaysWhatIsNotYetThere) {
+    const struct {
+        int index;
+        bool frame2, frame3, frame4;
+        std::vector<std::string> told;
+    } empty_project[] = {
+        {3, false, false, true, {}},
+        {6, false, false, true, {"Non ancora disponibile in questa versione: STAMPA  COMANDI"}},
+        {13, false, false, true, {"Non ancora disponibile in questa versione: ESPORTA PROGETTO"}},
+        {15, false, false, true, {"Non ancora disponibile in questa versione: Wizard"}},
+        {4, false, false, false, {}},  // nothing to program: not even the connection
+        {0, true, false, false, {}},
+        {1, false, false, false, {}},  // nothing to choose in an empty project
+        {2, false, false, false, {"Non ancora disponibile in questa versione: Collega moduli"}},
+    };
+    for (const auto& c : empty_project) {
+        messages.shown.clear();
+        hub().menu_click(c.index);
+        EXPECT_EQ(hub().Frame2, c.frame2) << c.index;
+        EXPECT_EQ(hub().Frame3, c.frame3) << c.index;
+        EXPECT_EQ(hub().Frame4, c.frame4) << c.index;
+        EXPECT_EQ(shown_texts(), c.told) << c.index;
+    }
+    EXPECT_EQ(connection_shown, 0);
+    EXPECT_EQ(programming_shown, 0);
+    hub().menu_click(app::ProjectHub::BackToStart);
+    EXPECT_EQ(main_menu_shown, 1);
+    EXPECT_EQ(session.PROGETTO_CHIUSO, "SI");
+}
+
+TEST_F(HubTest, ProgrammingNeedsTheLineAndAsksForItFirst) {
+    add_module("00121F");
+    hub().menu_click(app::ProjectHub::Program);
+    EXPECT_EQ(connection_shown, 1);
+    EXPECT_EQ(programming_shown, 0);  // no port chosen: the command ends
+    connect_to = "/dev/ttyUSB0";
+    hub().menu_click(app::ProjectHub::Program);
+    EXPECT_EQ(connection_shown, 2);
+    EXPECT_EQ(programming_shown, 1);
+    hub().menu_click(app::ProjectHub::Program);  // on line: straight on
+    EXPECT_EQ(connection_shown, 2);
+    EXPECT_EQ(programming_shown, 2);
+    messages.shown.clear();
+    hub().monitor_click();
+    EXPECT_EQ(shown_texts(),
+              std::vector<std::string>{"Non ancora disponibile in questa versione: Monitor"});
+}
+
+TEST_F(HubTest, TheScanOffersTheModulesThatAnswerAndTheProjectLacks) {
+    add_module("00121F");
+    line.set_peer(installation({{0x12, 0x1F}, {0x30, 0x15}, {0x31, 0x14}, {0x12, 0x15}}));
+    // Off line the connection comes first; with no port chosen, no scan.
+    hub().menu_click(app::ProjectHub::Scan);
+    EXPECT_EQ(connection_shown, 1);
+    EXPECT_FALSE(hub().scanning());
+    connect_to = "/dev/ttyUSB0";
+    messages.answers = {true, false};  // insert them; don't suspend after the first
+    hub().menu_click(app::ProjectHub::Scan);
+    ASSERT_TRUE(hub().scanning());
+    EXPECT_EQ(hub().Label33, "SOSPENDI SCANSIONE");
+    EXPECT_EQ(hub().scan_status, "SCANSIONE  IN  CORSO . . . . . . . ");
+    // During the scan only its own entry answers.
+    hub().menu_click(app::ProjectHub::AddModule);
+    EXPECT_FALSE(hub().Frame2);
+    run_scan();
+    EXPECT_FALSE(hub().scanning());
+    EXPECT_EQ(hub().List1, (std::vector<std::string>{"00121F", "001215", "003015", "003114"}));
+    // 0012 is in the project by number and type 1F; 001215 is another type
+    // on the same number: offered, and refused when entered.
+    EXPECT_EQ(hub().List2, (std::vector<std::string>{"001215", "003015", "003114"}));
+    ASSERT_EQ(messages.asked.size(), 3u);
+    EXPECT_EQ(messages.asked[0].text,
+              "RILEVATI MODULI NON INSERITI NEL PROGETTO\nVUOI INSERIRLI ?");
+    EXPECT_EQ(messages.asked[1].text, "VUOI SOSPENDERE L'INSERIMENTO ?");
+    EXPECT_EQ(session.modules.ELENCO_CODICI,
+              (std::vector<std::string>{"00121F", "003015", "003114"}));
+    EXPECT_EQ(hub().Label33, "SCANSIONE IMPIANTO");
+    EXPECT_EQ(hub().scan_status, "SCANSIONE  TERMINATA");
+    EXPECT_FALSE(hub().scan_frame);  // the window was loaded again
+    EXPECT_EQ(hub().caption.back(), '3');
+}
+
+TEST_F(HubTest, AStoppedScanComparesWhatItHasAndNoAnswerAsksNothing) {
+    session.use_port("/dev/ttyUSB0");
+    line.set_peer(installation({{0x02, 0x15}, {0x90, 0x14}}));
+    hub().menu_click(app::ProjectHub::Scan);
+    for (int i = 0; i < 5; ++i) {
+        line.serve_until(line.clock().now() + next_tick.back() / 1000.0, [] { return false; });
+        hub().scan_tick();
+    }
+    line.serve_until(line.clock().now() + 0.3, [] { return false; });
+    messages.answers = {false};  // don't insert
+    hub().menu_click(app::ProjectHub::Scan);
+    EXPECT_FALSE(hub().scanning());
+    EXPECT_EQ(hub().List1, std::vector<std::string>{"000215"});
+    EXPECT_EQ(messages.asked.size(), 1u);
+    EXPECT_TRUE(session.modules.ELENCO_CODICI.empty());  // No: nothing changes
+
+    line.set_peer(installation({}));
+    messages.asked.clear();
+    next_tick.clear();
+    hub().menu_click(app::ProjectHub::Scan);
+    run_scan();
+    EXPECT_TRUE(hub().List1.empty());
+    EXPECT_TRUE(messages.asked.empty());
+}
+
+}  // namespace
+}  // namespace filo::testing

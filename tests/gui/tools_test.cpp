@@ -1,0 +1,245 @@
+// The main menu, the new project and the connection, without a screen.
+#include <fstream>
+
+#include "app/connection.hpp"
+#include "app/main_menu.hpp"
+#include "app/new_project.hpp"
+#include "app/single_instance.hpp"
+#include "gui/gui_fixture.hpp"
+
+namespace filo::testing {
+namespace {
+
+using texts::Text;
+
+class MainMenuTest : public SessionTest {
+  protected:
+    MainMenuTest() { session.LIVELLO = 0; }
+    app::MainMenu menu{session};
+};
+
+TEST_F(MainMenuTest, FirstLoadTakesItalianTheAdvancedLevelAndTheHelpPanel) {
+    session.MODO_ESPERTO = "SI";
+    session.project.DATABASE_APERTO = "SI";
+    menu.load();
+    EXPECT_EQ(session.texts.SIGLA_LINGUA, "ITA");
+    EXPECT_EQ(session.LIVELLO, 3);
+    EXPECT_TRUE(session.AIUTO);
+    EXPECT_EQ(menu.Label10, session.texts.text(Text::HELP_PANEL));
+    EXPECT_EQ(session.MODO_ESPERTO, "");
+    EXPECT_EQ(session.project.DATABASE_APERTO, "");
+    EXPECT_EQ(session.STATO_LINEA, "OFF_LINE ");
+    EXPECT_TRUE(messages.shown.empty());
+    // A level chosen stays when the menu is shown again.
+    menu.choose_level(0);
+    menu.load();
+    EXPECT_EQ(session.LIVELLO, 1);
+}
+
+TEST_F(MainMenuTest, AFailedPortSearchIsToldAtEachStartUntilTheNextSearch) {
+    const struct {
+        const char* line;
+        bool told;
+    } cases[] = {{"ERRORE1", true}, {"ERRORE1\r", true}, {"ALTRO", false}, {nullptr, false}};
+    for (const auto& c : cases) {
+        const auto marker = dir.path() / "CONFIGURAZIONI.TTN";
+        std::filesystem::remove(marker);
+        if (c.line) std::ofstream(marker) << c.line << "\n";
+        messages.shown.clear();
+        menu.load();
+        ASSERT_EQ(messages.shown.size(), c.told ? 1u : 0u) << (c.line ? c.line : "no marker");
+        if (c.told) {
+            EXPECT_EQ(messages.shown[0].title, "           F i l o ");
+            EXPECT_EQ(messages.shown[0].text, session.texts.text(Text::PORT_SEARCH_CONFLICT));
+            // Telling it leaves the marker for the next search to remove.
+            EXPECT_TRUE(std::filesystem::exists(marker));
+        }
+    }
+}
+
+TEST_F(MainMenuTest, EachFlagChoosesItsLanguageAndTheFifthIsItalian) {
+    menu.load();
+    const struct {
+        int image;
+        const char* code;
+        const char* open;
+    } cases[] = {{1, "SPA", "Abre proyecto "},
+                 {2, "FRA", "Ouvrir un projet "},
+                 {3, "TED", "Öffnen "},
+                 {4, "ITA", "Apri progetto "},
+                 {0, "ITA", "Apri progetto "}};
+    for (const auto& c : cases) {
+        menu.Label8 = "x";
+        menu.choose_language(c.image);
+        EXPECT_EQ(session.texts.SIGLA_LINGUA, c.code);
+        EXPECT_EQ(menu.caption(app::MainMenu::OpenProject), c.open);
+        EXPECT_EQ(menu.Label8, "");
+    }
+}
+
+TEST_F(MainMenuTest, HelpFollowsTheMouseOnlyWhileThePanelIsOn) {
+    menu.load();
+    menu.hover_entry(app::MainMenu::NewProject);
+    EXPECT_EQ(menu.Label10, session.texts.text(Text::HELP_NEW_PROJECT));
+    menu.hover_level(0);
+    EXPECT_EQ(menu.Label10, session.texts.text(Text::HELP_LEVEL_SMART));
+    menu.toggle_help();
+    EXPECT_FALSE(session.AIUTO);
+    menu.hover_entry(app::MainMenu::OpenProject);
+    menu.hover_level(2);
+    EXPECT_EQ(menu.Label10, session.texts.text(Text::HELP_LEVEL_SMART));
+}
+
+TEST_F(MainMenuTest, OpeningNamesTheProjectAfterItsFileAndRefusesAMissingOne) {
+    menu.load();
+    EXPECT_FALSE(menu.open_project(dir.path() / "nessuno.TRN"));
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0], (Shown{" Questo progetto non esiste", ""}));
+
+    // Any folder, and the title loses exactly its 4-character extension.
+    const auto other = dir.path() / "altrove";
+    std::filesystem::create_directories(other);
+    std::ofstream(other / "Villa Rossi.mdb") << "";
+    session.project.DATABASE_APERTO = "SI";
+    EXPECT_TRUE(menu.open_project(other / "Villa Rossi.mdb"));
+    EXPECT_EQ(session.project.NOME_PROGETTO, "Villa Rossi");
+    EXPECT_EQ(session.project.PERCORSO_PROGETTO, (other / "Villa Rossi.mdb").string());
+    EXPECT_EQ(session.project.DATABASE_APERTO, "");
+}
+
+TEST_F(MainMenuTest, ConnectClosesAPortInUseAndOtherwiseAsksForTheConnectionWindow) {
+    menu.load();
+    EXPECT_EQ(menu.connect_caption(), "Connetti all'impianto ");
+    EXPECT_TRUE(menu.connect_clicked());
+    ASSERT_TRUE(session.use_port("/dev/ttyUSB0"));
+    EXPECT_EQ(menu.connect_caption(), "Disconnetti ");
+    EXPECT_EQ(session.STATO_LINEA, "ON_LINE  su comm   /dev/ttyUSB0");
+    EXPECT_FALSE(menu.connect_clicked());
+    EXPECT_EQ(port.is_open, "");
+    EXPECT_EQ(session.PORTA_COM, "");
+    EXPECT_EQ(session.STATO_LINEA, "OFF_LINE ");
+}
+
+TEST_F(SessionTest, ANewProjectIsCopiedFromTheEmptyOneUnderAValidName) {
+    app::NewProject form{session};
+    form.load();
+    EXPECT_TRUE(std::filesystem::exists(dir.path() / "DATIBASE.BAW"));
+    const struct {
+        std::string name;
+        bool made;
+        Shown message;
+    } cases[] = {
+        {"", false, {"Inserire un nome progetto valido", "     Creazione progetto"}},
+        {" casa", false, {"Inserire un nome progetto valido", "     Creazione progetto"}},
+        {"Casa Bianchi", true, {"Progetto Casa Bianchi Creato", "     Creazione progetto"}},
+        {"Casa Bianchi",
+         false,
+         {"Casa Bianchi Questo progetto esiste già", "     Creazione progetto"}},
+    };
+    for (const auto& c : cases) {
+        messages.shown.clear();
+        EXPECT_EQ(form.create(c.name), c.made) << c.name;
+        ASSERT_EQ(messages.shown.size(), 1u) << c.name;
+        EXPECT_EQ(messages.shown[0], c.message);
+    }
+    EXPECT_EQ(session.project.NOME_PROGETTO, "Casa Bianchi");
+    EXPECT_EQ(session.project.DATABASE_APERTO, "SI");
+    EXPECT_TRUE(session.project.is_open());
+}
+
+// A port whose device echoes what it is sent, as the programmer does with
+// the search digits; or one that stays silent.
+class FakeSerialPort final : public platform::SerialPort {
+  public:
+    FakeSerialPort(std::string name, bool echoes) : name_(std::move(name)), echoes_(echoes) {}
+    const std::string& name() const override { return name_; }
+    void write(std::string_view bytes) override {
+        if (echoes_) pending_ += bytes;
+    }
+    bool read(std::string& into, double) override {
+        into += pending_;
+        const bool any = !pending_.empty();
+        pending_.clear();
+        return any;
+    }
+    int descriptor() const override { return -1; }
+
+  private:
+    std::string name_;
+    bool echoes_;
+    std::string pending_;
+};
+
+class ConnectionTest : public SessionTest {
+  protected:
+    ConnectionTest() { port.openable.insert("/dev/ttyACM1"); }
+    app::Connection connection{
+        session,
+        [] {
+            return std::vector<platform::PortInfo>{{"/dev/ttyUSB0", "FT232R (ttyUSB0)"},
+                                                   {"/dev/ttyACM1", "cdc_acm (ttyACM1)"}};
+        },
+        [this](const std::string& path) -> std::unique_ptr<platform::SerialPort> {
+            tried.push_back(path);
+            if (path == "/dev/missing") throw platform::PortError(path, "no such device");
+            return std::make_unique<FakeSerialPort>(path, echoing.count(path) > 0);
+        }};
+    std::set<std::string> echoing;
+    std::vector<std::string> tried;
+};
+
+TEST_F(ConnectionTest, AManualChoiceOpensThePortOrReportsTheFailure) {
+    connection.ELENCO_COM();
+    ASSERT_EQ(connection.ComboCOM.size(), 2u);
+    EXPECT_TRUE(connection.choose("/dev/pts/7"));  // a path typed, such as a pty
+    EXPECT_EQ(session.PORTA_COM, "/dev/pts/7");
+    EXPECT_EQ(connection.Label1, "ON_LINE  su comm   /dev/pts/7");
+    EXPECT_TRUE(messages.shown.empty());
+
+    EXPECT_FALSE(connection.choose("/dev/ttyS9"));
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0],
+              (Shown{"Controlla il sistema", "Errore di assegnazione porta seriale"}));
+    EXPECT_EQ(session.PORTA_COM, "");
+    EXPECT_EQ(port.is_open, "");
+}
+
+TEST_F(ConnectionTest, TheSearchTriesEveryPortAndTakesTheFirstThatEchoes) {
+    const struct {
+        std::set<std::string> echoing;
+        std::vector<std::string> extra;
+        std::string found;
+    } cases[] = {
+        {{"/dev/ttyUSB0", "/dev/ttyACM1"}, {}, "/dev/ttyUSB0"},
+        {{"/dev/ttyACM1"}, {"/dev/missing"}, "/dev/ttyACM1"},
+        {{"/dev/pts/7"}, {"/dev/pts/7"}, "/dev/pts/7"},
+        {{}, {}, ""},
+    };
+    for (const auto& c : cases) {
+        echoing = c.echoing;
+        tried.clear();
+        EXPECT_EQ(connection.CONNETTI(c.extra), !c.found.empty());
+        EXPECT_EQ(session.PORTA_COM, c.found);
+        EXPECT_EQ(port.is_open, c.found);
+        std::vector<std::string> all = {"/dev/ttyUSB0", "/dev/ttyACM1"};
+        all.insert(all.end(), c.extra.begin(), c.extra.end());
+        EXPECT_EQ(tried, all);
+        EXPECT_FALSE(std::filesystem::exists(dir.path() / "CONFIGURAZIONI.TTN"));
+        EXPECT_EQ(connection.Label1,
+                  c.found.empty() ? "OFF_LINE " : "ON_LINE  su comm   " + c.found);
+    }
+}
+
+TEST(SingleInstance, ASecondCopyOnTheSameDirectoryIsRefusedUntilTheFirstEnds) {
+    TempDir dir;
+    auto first = std::make_unique<app::SingleInstance>(dir.path());
+    EXPECT_TRUE(first->acquired());
+    EXPECT_FALSE(app::SingleInstance(dir.path()).acquired());
+    TempDir other;
+    EXPECT_TRUE(app::SingleInstance(other.path()).acquired());
+    first.reset();
+    EXPECT_TRUE(app::SingleInstance(dir.path()).acquired());
+}
+
+}  // namespace
+}  // namespace filo::testing

@@ -1,0 +1,224 @@
+// The windows, offscreen: what an installer clicks and types.
+#include <QComboBox>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolButton>
+
+#include "app/form1.hpp"
+#include "app/form3.hpp"
+#include "app/mdi_form1.hpp"
+#include "app/project_hub.hpp"
+#include "bus/module_code.hpp"
+#include "gui/gui_fixture.hpp"
+
+namespace filo::testing {
+namespace {
+
+template <typename T = QWidget>
+T* child(QWidget* parent, const char* name) {
+    T* found = parent->findChild<T*>(name);
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+}
+
+class WindowsTest : public SessionTest {
+  protected:
+    WindowsTest() {
+        services.list_ports = [] {
+            return std::vector<platform::PortInfo>{{"/dev/ttyUSB0", "FT232R (ttyUSB0)"}};
+        };
+        services.open_port = [](const std::string& path) -> std::unique_ptr<platform::SerialPort> {
+            throw platform::PortError(path, "not in this test");
+        };
+        services.choose_project_file = [this](QWidget*, const QString&, const QString&) {
+            return chosen_file;
+        };
+        services.exec_dialog = [this](QDialog& dialog) {
+            dialogs.push_back(dialog.objectName().toStdString());
+            if (on_dialog) on_dialog(dialog);
+            return dialog.result();
+        };
+    }
+    app::MDIForm1& window() {
+        if (!window_) {
+            window_ = std::make_unique<app::MDIForm1>(session, services);
+            window_->show();
+        }
+        return *window_;
+    }
+    QWidget* form() { return window().current_form(); }
+    void click(const char* name) {
+        auto* button = child<QAbstractButton>(form(), name);
+        ASSERT_NE(button, nullptr);
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCoreApplication::processEvents();
+    }
+    void create_project(const std::string& name) {
+        click("Image4_1");
+        QTRY_VERIFY(child<QToolButton>(form(), "Image4_0")->isEnabled());
+        QTest::keyClicks(child<QLineEdit>(form(), "Text1"), QString::fromStdString(name));
+        click("Image4_0");
+    }
+
+    app::AppServices services;
+    QString chosen_file;
+    std::vector<std::string> dialogs;
+    std::function<void(QDialog&)> on_dialog;
+    std::unique_ptr<app::MDIForm1> window_;
+};
+
+TEST_F(WindowsTest, TheMainMenuFollowsTheLevelAndTheLanguageChosen) {
+    ASSERT_EQ(form()->objectName(), "Form1");
+    EXPECT_EQ(window().objectName(), "MDIForm1");
+    EXPECT_EQ(child<QLabel>(form(), "Label4")->text(), "3");
+    click("Label6_0");
+    EXPECT_EQ(child<QLabel>(form(), "Label4")->text(), "1");
+    EXPECT_EQ(session.LIVELLO, 1);
+    const struct {
+        const char* flag;
+        const char* open;
+        const char* exit;
+    } cases[] = {{"Image3_2", "Ouvrir un projet ", "Quitter le programme "},
+                 {"Image3_3", "Öffnen ", "Programm beenden "},
+                 {"Image3_4", "Apri progetto ", "Esci dal programma "}};
+    for (const auto& c : cases) {
+        click(c.flag);
+        EXPECT_EQ(child<QLabel>(form(), "Label1")->text(), QString::fromUtf8(c.open));
+        EXPECT_EQ(child<QLabel>(form(), "Label3")->text(), QString::fromUtf8(c.exit));
+    }
+    // The help panel goes and comes back with the "i".
+    EXPECT_TRUE(child<QGroupBox>(form(), "Frame1")->isVisible());
+    click("Label5");
+    EXPECT_FALSE(child<QGroupBox>(form(), "Frame1")->isVisible());
+    click("Label5");
+    EXPECT_TRUE(child<QGroupBox>(form(), "Frame1")->isVisible());
+}
+
+TEST_F(WindowsTest, ANewProjectLeadsToTheProjectWindowAndBack) {
+    create_project("Villa");
+    ASSERT_EQ(form()->objectName(), "Form3");
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text, "Progetto Villa Creato");
+    EXPECT_EQ(window().windowTitle(), "WINDOW 3  Progetto : Villa    moduli presenti  0");
+    EXPECT_EQ(child<QLabel>(form(), "Label1")->text(), "Villa");
+    // The main window stays while the project window is there.
+    window().close();
+    EXPECT_TRUE(window().isVisible());
+    click("Image1_5");
+    QTRY_COMPARE(form()->objectName(), QString("Form1"));
+    EXPECT_EQ(session.PROGETTO_CHIUSO, "SI");
+}
+
+TEST_F(WindowsTest, OpeningAFileShowsItsProjectAndNothingHappensWithoutOne) {
+    open_new_project("Studio");
+    session.project.close();
+    chosen_file = "";
+    click("Image4_0");
+    EXPECT_EQ(form()->objectName(), "Form1");
+    chosen_file = QString::fromStdString(session.files.project_path("Studio").string());
+    click("Image4_0");
+    ASSERT_EQ(form()->objectName(), "Form3");
+    EXPECT_TRUE(session.project.is_open());
+    EXPECT_EQ(session.project.NOME_PROGETTO, "Studio");
+}
+
+TEST_F(WindowsTest, TypedCodesAreFilteredCheckedAndEntered) {
+    create_project("Casa");
+    messages.shown.clear();
+    click("Image1_0");
+    auto* text3 = child<QLineEdit>(form(), "Text3");
+    ASSERT_TRUE(child<QGroupBox>(form(), "Frame2")->isVisible());
+    // Lower case becomes capitals, other characters are dropped.
+    QTest::keyClicks(text3, "00x13-1f0");
+    EXPECT_EQ(text3->text(), "00131F0");
+    QTest::keyClicks(text3, "0");  // the eighth: wrong check digits
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0], (Shown{"Codice inserito non corretto", "ATTENZIONE"}));
+    EXPECT_EQ(text3->text(), "");
+    messages.shown.clear();
+    QTest::keyClicks(text3, QString::fromStdString(bus::printed_code("00131f")));
+    QTRY_COMPARE(child<QComboBox>(form(), "Combo1")->count(), 1);
+    EXPECT_TRUE(child<QComboBox>(form(), "Combo1")->itemText(0).startsWith("00131F"));
+    EXPECT_EQ(messages.shown.size(), 1u);
+    EXPECT_TRUE(window().windowTitle().endsWith("moduli presenti  1"));
+}
+
+TEST_F(WindowsTest, TheGestureOnLabel25TakesAnyCheckDigits) {
+    create_project("Casa");
+    auto* label25 = child<QLabel>(form(), "Label25");
+    for (int i = 0; i < 5; ++i) QTest::mouseDClick(label25, Qt::LeftButton);
+    EXPECT_EQ(label25->text(), "******************");
+    messages.shown.clear();
+    click("Image1_0");
+    QTest::keyClicks(child<QLineEdit>(form(), "Text3"), "00401500");
+    QTRY_COMPARE(child<QComboBox>(form(), "Combo1")->count(), 1);
+    // The main menu clears it again.
+    click("Image1_5");
+    QTRY_COMPARE(form()->objectName(), QString("Form1"));
+    click("Image4_1");
+    EXPECT_EQ(session.CONTROLLO_CODICE, "");
+}
+
+TEST_F(WindowsTest, AModuleChosenFromTheListIsOneTheModuleWindowWillOpen) {
+    create_project("Casa");
+    add_module("00121F");
+    static_cast<app::Form3*>(form())->load();
+    click("Image1_1");
+    auto* combo1 = child<QComboBox>(form(), "Combo1");
+    ASSERT_TRUE(child<QGroupBox>(form(), "Frame3")->isVisible());
+    ASSERT_EQ(combo1->count(), 1);
+    messages.shown.clear();
+    combo1->setCurrentIndex(0);
+    emit combo1->activated(0);
+    QTRY_COMPARE(messages.shown.size(), std::size_t{1});
+    EXPECT_EQ(messages.shown[0].text,
+              "Non ancora disponibile in questa versione:  GESTIONE  MODULO ");
+    // A heading of the names' list is no module.
+    auto* combo2 = child<QComboBox>(form(), "Combo2");
+    ASSERT_GT(combo2->count(), 0);
+    EXPECT_EQ(combo2->itemData(0).toLongLong(), 0);
+    combo2->setCurrentIndex(0);
+    emit combo2->activated(0);
+    EXPECT_EQ(combo2->currentIndex(), -1);
+}
+
+TEST_F(WindowsTest, TheConnectionWindowTakesATypedPathAndTheWindowsShowTheLine) {
+    on_dialog = [](QDialog& d) {
+        EXPECT_EQ(d.windowTitle(), " GESTIONE CONNESSIONE PROGRAMMATORE");
+        auto* combo = d.findChild<QComboBox*>("ComboCOM");
+        ASSERT_NE(combo, nullptr);
+        EXPECT_EQ(combo->count(), 1);
+        d.findChild<QLineEdit*>("Text1")->setText("/dev/pts/7");
+        QTest::mouseClick(d.findChild<QPushButton*>("Command2"), Qt::LeftButton);
+    };
+    click("Image4_2");
+    EXPECT_EQ(dialogs, std::vector<std::string>{"SERIALE"});
+    EXPECT_EQ(session.PORTA_COM, "/dev/pts/7");
+    EXPECT_EQ(child<QLabel>(form(), "Label9")->text(), "Disconnetti ");
+    EXPECT_EQ(child<QLabel>(form(), "label22")->text(), "ON_LINE  su comm   /dev/pts/7");
+    // Again: the port closes, and no window is shown.
+    click("Image4_2");
+    EXPECT_EQ(dialogs.size(), 1u);
+    EXPECT_EQ(session.PORTA_COM, "");
+    EXPECT_EQ(child<QLabel>(form(), "Label9")->text(), "Connetti all'impianto ");
+}
+
+TEST_F(WindowsTest, ProgrammingFromTheProjectWindowSaysItIsNotYetThere) {
+    create_project("Casa");
+    add_module("00121F");
+    session.use_port("/dev/ttyUSB0");
+    static_cast<app::Form3*>(form())->load();
+    messages.shown.clear();
+    click("Image1_4");
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text,
+              "Non ancora disponibile in questa versione: Programma impianto");
+}
+
+}  // namespace
+}  // namespace filo::testing
