@@ -173,7 +173,11 @@ int program_installation(Context& context, const ProgramRequest& request) {
     progress.end();
 
     std::ostream& summary = request.trace ? context.err : context.out;
-    if (!report.TEXT2.empty()) summary << report.TEXT2.substr(2) << '\n';
+    // The frames that failed, one a line.
+    for (std::size_t at = 0; (at = report.TEXT2.find("\r\n", at)) != std::string::npos;) {
+        at += 2;
+        summary << report.TEXT2.substr(at, report.TEXT2.find("\r\n", at) - at) << '\n';
+    }
     if (!request.dry_run) {
         const auto file = report.save(platform::data_directory(), project.NOME_PROGETTO,
                                       std::chrono::system_clock::now());

@@ -73,22 +73,7 @@ class ProgrammingRunTest : public testing::ModuleImageTest {
     }
     void add_link(const std::string& rx, const std::string& tx, const std::string& nick_tx) {
         store::LinkTable links(project);
-        store::LinkRow& r = links.LINK_CORRENTE;
-        r.identificativoRX = rx;
-        r.numero_uscita = "1";
-        r.nick_ricevente = "Luce";
-        r.identificativoTX = tx;
-        r.numero_ingresso = "2";
-        r.nick_trasmittente = nick_tx;
-        r.opzione = "P";
-        r.tempo_on1 = r.tempo_on2 = r.tempo_off1 = r.tempo_off2 = "0";
-        r.modo_ = "000000112";
-        r.on_ = "251";
-        r.off_ = "8";
-        r.and_ = "00000000";
-        r.minuto = r.ora = r.giorno = "00";
-        r.settimana = "00000000";
-        r.dato13 = "000000";
+        links.LINK_CORRENTE = testing::switching_link(rx, tx, "Luce", nick_tx);
         links.AGGIUNGI_LINK();
     }
     std::string record_of_link(int n) {
@@ -239,7 +224,7 @@ TEST_F(ProgrammingRunTest, LinksGoOutInTableOrderThenTheGatewayPresets) {
     std::vector<std::string> tail(all.end() - 4, all.end());
     EXPECT_EQ(tail, (std::vector<std::string>{"(1" + record_of_link(1) + "]",
                                               "(1" + record_of_link(2) + "]",
-                                              "(1" + record_of_link(3) + "]", "(8FFFE0281]"}));
+                                              "(1" + record_of_link(3) + "]", "(8FFFE0581]"}));
     ASSERT_EQ(seen.size(), 3u);
     EXPECT_EQ(seen.back().link, 3);
     EXPECT_EQ(seen.back().links, 3);

@@ -59,6 +59,29 @@ void add_generated_modules(store::ModuleTable& table, int modules) {
     }
 }
 
+store::LinkRow switching_link(const std::string& identificativoRX,
+                              const std::string& identificativoTX,
+                              const std::string& nick_ricevente,
+                              const std::string& nick_trasmittente) {
+    store::LinkRow r;
+    r.identificativoRX = identificativoRX;
+    r.numero_uscita = identificativoRX.substr(identificativoRX.find('/') + 1);
+    r.nick_ricevente = nick_ricevente;
+    r.identificativoTX = identificativoTX;
+    r.numero_ingresso = identificativoTX.substr(identificativoTX.find('/') + 1);
+    r.nick_trasmittente = nick_trasmittente;
+    r.opzione = "P";
+    r.tempo_on1 = r.tempo_on2 = r.tempo_off1 = r.tempo_off2 = "0";
+    r.modo_ = "000000112";
+    r.on_ = "251";
+    r.off_ = "8";
+    r.and_ = "00000000";
+    r.minuto = r.ora = r.giorno = "00";
+    r.settimana = "00000000";
+    r.dato13 = "000000";
+    return r;
+}
+
 void add_generated_links(store::Project& project, const std::vector<std::string>& codes,
                          int count) {
     if (codes.empty()) return;
@@ -71,23 +94,9 @@ void add_generated_links(store::Project& project, const std::vector<std::string>
         const std::string& tx = codes[(k * 7 + 3) % n];
         const std::string output = std::to_string(i % 8 + 1);
         const std::string input = std::to_string((i / 8) % 8 + 1);
-        store::LinkRow& r = links.LINK_CORRENTE;
-        r = store::LinkRow{};
-        r.identificativoRX = rx + "/" + output;
-        r.numero_uscita = output;
-        r.nick_ricevente = "Luce " + rx + "." + output + " ";
-        r.identificativoTX = tx + "/" + input;
-        r.numero_ingresso = input;
-        r.nick_trasmittente = "Pulsante " + tx + "." + input + " ";
-        r.opzione = "P";
-        r.tempo_on1 = r.tempo_on2 = r.tempo_off1 = r.tempo_off2 = "0";
-        r.modo_ = "000000112";
-        r.on_ = "251";
-        r.off_ = "8";
-        r.and_ = "00000000";
-        r.minuto = r.ora = r.giorno = "00";
-        r.settimana = "00000000";
-        r.dato13 = "000000";
+        links.LINK_CORRENTE =
+            switching_link(rx + "/" + output, tx + "/" + input, "Luce " + rx + "." + output + " ",
+                           "Pulsante " + tx + "." + input + " ");
         links.AGGIUNGI_LINK();
     }
     transaction.commit();

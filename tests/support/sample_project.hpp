@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "store/link_row.hpp"
 #include "store/nick_row.hpp"
 
 namespace filo::store {
@@ -25,6 +26,14 @@ void add_module(store::ModuleTable& table, const std::string& codice, int rows,
 // An installation of the given size for measurements: module i has code
 // <i as 4 hex digits><type>, 16 to 32 rows, and every point named.
 void add_generated_modules(store::ModuleTable& table, int modules);
+
+// A link that switches an output (point "<code>/<output>") on and off from
+// a pushbutton input ("<code>/<input>"), with the values the link editor
+// gives a new link.
+store::LinkRow switching_link(const std::string& identificativoRX,
+                              const std::string& identificativoTX,
+                              const std::string& nick_ricevente,
+                              const std::string& nick_trasmittente);
 
 // Links between the given modules, for measurements: link i switches an
 // output of one module from an input of another, names as
