@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <filesystem>
 
+#include "app/demo.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/qt_messages.hpp"
 #include "app/qt_port_host.hpp"
@@ -60,5 +61,11 @@ int main(int argc, char** argv) {
     if (!session.speech)
         session.message(Text::SPEECH_UNAVAILABLE, Text::TITLE_SPEECH, {}, speech_error);
 
+    // The demo's installation lives as long as the window.
+    std::unique_ptr<filo::app::Demo> demo;
+    if (options.isSet(demo_option)) {
+        demo = std::make_unique<filo::app::Demo>(session);
+        if (demo->start()) window.show_project();
+    }
     return application.exec();
 }

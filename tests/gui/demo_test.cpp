@@ -1,0 +1,57 @@
+// The demo over a real pseudo-terminal: its project, and the simulated
+// installation answering on the port the application reads through Qt.
+#include "app/demo.hpp"
+
+#include "app/qt_port_host.hpp"
+#include "bus/checksum.hpp"
+#include "bus/conversions.hpp"
+#include "commissioning/scan.hpp"
+#include "gui/gui_fixture.hpp"
+#include "platform/clock.hpp"
+
+namespace filo::testing {
+namespace {
+
+TEST(Demo, OpensItsProjectOnLineAndEveryModuleAnswersTheProbe) {
+    TempDir dir;
+    bus::ReceiveAssembler receiver;
+    platform::SteadyClock clock;
+    app::QtPortHost host(receiver, clock);
+    RecordingMessages messages;
+    app::Session session(dir.path(), host, receiver, messages);
+    app::Demo demo(session);
+    ASSERT_TRUE(demo.start());
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(session.project.NOME_PROGETTO, "DEMO");
+    EXPECT_FALSE(demo.port_path().empty());
+    EXPECT_EQ(session.PORTA_COM, demo.port_path());
+    session.modules.ELENCO_MODULI();
+    EXPECT_EQ(session.modules.ELENCO_CODICI, app::demo_project_modules());
+
+    // The sweep's probe, address by address, answered through the event loop.
+    std::vector<std::string> found;
+    receiver.set_consumer(bus::ReceiveAssembler::Consumer::Sweep,
+                          [&](const bus::ReceiveAssembler& rx) {
+                              if (auto code = commissioning::answered_code(rx.RX_TRAMA))
+                                  found.push_back(*code);
+                          });
+    std::vector<std::string> expected = app::demo_project_modules();
+    expected.push_back(app::kDemoSpareModule);
+    for (const std::string& code : expected) {
+        const std::size_t before = found.size();
+        const std::string probe = "[A00" + code.substr(2, 2) + "0000]";
+        host.write(bus::with_checksum(probe) + '\0');
+        host.serve_until(clock.now() + 2.0, [&] { return found.size() > before; });
+    }
+    receiver.set_consumer(bus::ReceiveAssembler::Consumer::Sweep, {});
+    EXPECT_EQ(found, expected);
+
+    // A second start finds the project made and leaves it as it is.
+    const auto file = session.files.project_path("DEMO");
+    const auto size = std::filesystem::file_size(file);
+    app::make_demo_project(session);
+    EXPECT_EQ(std::filesystem::file_size(file), size);
+}
+
+}  // namespace
+}  // namespace filo::testing
