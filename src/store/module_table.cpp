@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "common/basic_functions.hpp"
+#include "store/powerline.hpp"
 #include "store/project.hpp"
 #include "store/sqlite.hpp"
 
@@ -237,6 +238,12 @@ void ModuleTable::MODIFICA_MODULO() {
         update.bind(13, written.numero_filo).bind(14, ids[i]);
         update.run();
         update.reset();
+        // A point of a module with emergency handling carries its setting
+        // into its emergency links.
+        const std::string_view state = mid(written.connesso, 2, 1);
+        if (state == "E" || state == "e")
+            AGGIORNA_LINK_EMERGENZA(project_, written.codice + "/" + written.numero_filo,
+                                    written.riserva2, state == "E" ? "10" : "11");
     }
     t.commit();
 }
