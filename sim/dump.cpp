@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "bus/conversions.hpp"
+#include "common/windows1252.hpp"
 #include "sim/simulator.hpp"
 
 namespace filo::sim {
@@ -21,7 +22,7 @@ json module_json(const SimModule& m) {
     for (const auto& [command, value] : m.registers)
         registers[bus::hex_byte(command)] = bus::hex_byte(value);
     json texts = json::object();
-    for (const auto& [record, text] : m.texts) texts[bus::hex_byte(record)] = latin1_to_utf8(text);
+    for (const auto& [record, text] : m.texts) texts[bus::hex_byte(record)] = basic::windows1252_to_utf8(text);
     json cards = json::array();
     for (const auto& card : m.cards) cards.push_back({{"list", card.list}, {"entry", card.entry}});
     json remotes = json::object();
@@ -42,26 +43,11 @@ json module_json(const SimModule& m) {
 
 }  // namespace
 
-std::string latin1_to_utf8(const std::string& bytes) {
-    std::string out;
-    out.reserve(bytes.size());
-    for (char ch : bytes) {
-        const auto c = static_cast<unsigned char>(ch);
-        if (c < 0x80) {
-            out += ch;
-        } else {
-            out += static_cast<char>(0xC0 | (c >> 6));
-            out += static_cast<char>(0x80 | (c & 0x3F));
-        }
-    }
-    return out;
-}
-
 std::string dump_json(const Simulator& simulator) {
     json modules = json::object();
     for (const SimModule& m : simulator.modules()) modules[m.code] = module_json(m);
     json bus = json::array();
-    for (const std::string& frame : simulator.bus()) bus.push_back(latin1_to_utf8(frame));
+    for (const std::string& frame : simulator.bus()) bus.push_back(basic::windows1252_to_utf8(frame));
     const json dump = {
         {"modules", std::move(modules)},
         {"links", simulator.links()},
