@@ -69,4 +69,16 @@ int program_installation(Context& context, const ProgramRequest& request);
 // The rows of the link table with the frame that programs each.
 int list_links(Context& context, const std::string& project_path);
 
+// One list of the link editor, as the editor holds it: a line per entry, the
+// item data in decimal, a tab, the entry's text.
+struct PointsRequest {
+    std::string project;
+    bool commands = false;  // else the outputs
+    int level = 3;
+    std::string code;             // the code filter
+    std::string name;             // the name filter (levels 2 and 3)
+    std::string group = "VUOTO";  // state of the output group: VUOTO or CREATO
+};
+int list_points(Context& context, const PointsRequest& request);
+
 }  // namespace filo::cli

@@ -116,6 +116,30 @@ int run(int argc, char** argv) {
     program_cmd->add_flag("!--no-short-message", program.short_message,
                           "Reset the modules without their short message");
 
+    filo::cli::PointsRequest points;
+    auto* points_cmd = command("points", "The outputs or the commands list of the link editor",
+                               [&](Context& c) { return filo::cli::list_points(c, points); });
+    points_cmd->add_option("project", points.project, "The project file")->required();
+    auto* which = points_cmd->add_option_group("list");
+    which->add_flag("--commands", points.commands, "The commands list");
+    bool outputs = false;
+    which->add_flag("--outputs", outputs, "The outputs list");
+    which->require_option(1);
+    auto* level = points_cmd
+                      ->add_option("--level", points.level,
+                                   "Programming level: 1 SMART, 2 PROFESSIONALE, 3 AVANZATO")
+                      ->check(CLI::Range(1, 3));
+    points_cmd->add_option("--code", points.code, "Keep the points of this module code");
+    points_cmd
+        ->add_option("--name", points.name, "Keep the entries holding this text (levels 2 and 3)")
+        ->check([&level, &points](const std::string&) {
+            return level->count() && points.level == 1
+                       ? std::string("the name filter is hidden at level 1")
+                       : std::string();
+        });
+    points_cmd->add_option("--group", points.group, "State of the output group")
+        ->check(CLI::IsMember({"VUOTO", "CREATO"}));
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& e) {

@@ -1,0 +1,82 @@
+// points and check: the link editor's lists as outside tools read them, and
+// the integrity report of a project that others have edited.
+#include <gtest/gtest.h>
+
+#include "cli/cli_fixture.hpp"
+#include "store/project.hpp"
+#include "store/sqlite.hpp"
+#include "support/sample_project.hpp"
+
+namespace filo {
+namespace {
+
+class PointCliTest : public testing::CliFixture {
+  protected:
+    PointCliTest() : project(testing::make_empty_project(dir.path(), "casa").string()) {}
+
+    void run_ok(const std::vector<std::string>& args) {
+        auto r = cli(args);
+        ASSERT_EQ(r.exit_code, 0) << r.err;
+    }
+    std::string printed(const std::string& code) { return cli({"code", code}).out.substr(0, 8); }
+    // A power-line modulator with its output and two inputs, one held.
+    void scripted_project() {
+        run_ok({"add-module", project, printed("00121F"), "--note", "Quadro"});
+        run_ok({"set-point", project, "00121F/9", "--name", "Luce sala"});
+        run_ok({"set-point", project, "00121F/1", "--name", "Pulsante"});
+        run_ok({"set-point", project, "00121F/2", "--name", "Tenuto", "--kind", "T"});
+    }
+    void sql(const std::string& statement) {
+        store::Project p;
+        p.open(project);
+        p.database().exec(statement);
+    }
+    std::string project;
+};
+
+const std::string kContatti = std::string(48, ' ') + "-------CONTATTI-------";
+
+TEST_F(PointCliTest, PointsPrintsItemDataTabText) {
+    scripted_project();
+    struct Case {
+        std::vector<std::string> args;
+        std::string out;
+        std::string language = "ITA";
+    } cases[] = {
+        {{"--outputs"}, "600009\tLuce sala \n0\tCREA GRUPPO\n"},
+        {{"--outputs", "--group", "CREATO"},
+         "0\tUSA GRUPPO\n0\tVISUALIZZA GRUPPO\n600009\tLuce sala \n"},
+        {{"--outputs", "--code", "009915"}, "0\tCREA GRUPPO\n"},
+        {{"--commands", "--level", "1"},
+         "99999\t" + kContatti + "\n1\tPulsante\n2\tTenuto\n300002\tPulsante tenuto    Tenuto\n"},
+        {{"--commands", "--name", "TEN"},
+         "99999\t" + kContatti + "\n2\tTenuto\n300002\tPulsante tenuto    Tenuto\n"},
+        {{"--commands", "--code", "00121f", "--name", "zzz"}, ""},
+        {{"--commands", "--name", "ten"},
+         "99999\t" + kContatti + "\n2\tTenuto\n300002\tPulsador mantenido    Tenuto\n",
+         "SPA"},
+    };
+    for (const Case& c : cases) {
+        std::vector<std::string> args = {"--lang", c.language, "points", project};
+        args.insert(args.end(), c.args.begin(), c.args.end());
+        auto r = cli(args);
+        EXPECT_EQ(r.exit_code, 0) << r.err;
+        EXPECT_EQ(r.out, c.out) << c.args[0] << " " << c.args.back();
+    }
+}
+
+TEST_F(PointCliTest, PointsRefusesWhatTheEditorCannotHold) {
+    scripted_project();
+    const std::vector<std::vector<std::string>> refused = {
+        {"points", project},                                               // which list?
+        {"points", project, "--commands", "--outputs"},                    // one list at a time
+        {"points", project, "--commands", "--level", "4"},                 // three levels
+        {"points", project, "--commands", "--level", "1", "--name", "x"},  // no name box
+        {"points", project, "--outputs", "--group", "PIENO"},
+    };
+    for (const auto& args : refused) EXPECT_EQ(cli(args).exit_code, 2) << args.back();
+    EXPECT_EQ(cli({"points", (dir / "manca.TRN").string(), "--outputs"}).exit_code, 1);
+}
+
+}  // namespace
+}  // namespace filo
