@@ -87,8 +87,12 @@ Form1::Form1(Session& session, QWidget* parent)
     Label10_->setWordWrap(true);
     Label10_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     Label10_->setMinimumWidth(280);
+    Label10_->setMinimumHeight(140);
     help->addWidget(Label10_);
-    middle->addWidget(Frame1_, 3);
+    auto* help_column = new QVBoxLayout;
+    help_column->addWidget(Frame1_);
+    help_column->addStretch();
+    middle->addLayout(help_column, 3);
     outer->addLayout(middle, 1);
 
     // The level, the language, help and full screen.

@@ -68,6 +68,9 @@ Form2::Form2(Session& session, QWidget* parent)
         button->setEnabled(false);
         auto* caption = new QLabel(qs(t.text(kCaptions[i])), this);
         caption->setObjectName(QString("Label%1").arg(5 + i));
+        QFont f = caption->font();
+        f.setPointSize(f.pointSize() + 3);
+        caption->setFont(f);
         pair_caption(caption, button);
         on_hover(button, [this, i] {
             if (session_.AIUTO) Label10_->setText(qs(session_.texts.text(kHelp[i])));
@@ -85,8 +88,12 @@ Form2::Form2(Session& session, QWidget* parent)
     Label10_->setObjectName("Label10");
     Label10_->setWordWrap(true);
     Label10_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    Label10_->setMinimumHeight(120);
     help->addWidget(Label10_);
-    middle->addWidget(frame, 3);
+    auto* help_column = new QVBoxLayout;
+    help_column->addWidget(frame);
+    help_column->addStretch();
+    middle->addLayout(help_column, 3);
     outer->addLayout(middle, 1);
 
     connect(Image4_[0], &QToolButton::clicked, this, [this] {

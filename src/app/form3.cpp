@@ -159,8 +159,10 @@ Form3::Form3(Session& session, HubHost host, QWidget* parent) : QWidget(parent),
     List1_->setObjectName("List1");
     List2_ = new QListWidget(Frame5_);
     List2_->setObjectName("List2");
-    List1_->setFont(mono);
-    List2_->setFont(mono);
+    QFont list_font("DejaVu Sans Mono");
+    list_font.setPointSize(Text3_->font().pointSize() - 4);
+    List1_->setFont(list_font);
+    List2_->setFont(list_font);
     scan->addWidget(scan_status_, 0, 0, 1, 2);
     scan->addWidget(ProgressBar7_, 1, 0, 1, 2);
     scan->addWidget(found_caption_, 2, 0);

@@ -37,6 +37,7 @@ SERIALE::SERIALE(Session& session, Connection::PortLister lister, bus::PortOpene
     ProgressBar6_ = new QProgressBar(automatic);
     ProgressBar6_->setObjectName("ProgressBar6");
     ProgressBar6_->setValue(0);
+    ProgressBar6_->setTextVisible(false);
     a->addWidget(Command4_);
     a->addWidget(ProgressBar6_);
     outer->addWidget(automatic);
