@@ -81,4 +81,8 @@ struct PointsRequest {
 };
 int list_points(Context& context, const PointsRequest& request);
 
+// The integrity of a project edited elsewhere: a line for each finding, exit
+// 1 when there is any.
+int check_project(Context& context, const std::string& project_path);
+
 }  // namespace filo::cli

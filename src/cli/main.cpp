@@ -139,6 +139,10 @@ int run(int argc, char** argv) {
         });
     points_cmd->add_option("--group", points.group, "State of the output group")
         ->check(CLI::IsMember({"VUOTO", "CREATO"}));
+    command("check", "Check the links and names of a project edited elsewhere",
+            [&](Context& c) { return filo::cli::check_project(c, path); })
+        ->add_option("project", path, "The project file")
+        ->required();
 
     try {
         app.parse(argc, argv);

@@ -78,5 +78,31 @@ TEST_F(PointCliTest, PointsRefusesWhatTheEditorCannotHold) {
     EXPECT_EQ(cli({"points", (dir / "manca.TRN").string(), "--outputs"}).exit_code, 1);
 }
 
+TEST_F(PointCliTest, CheckReportsWhatOthersLeftBehind) {
+    run_ok({"add-module", project, printed("000315"), "--note", "Sala"});
+    run_ok({"set-point", project, "000315/9", "--name", "Luce sala"});
+    run_ok({"set-point", project, "000315/1", "--name", "Pulsante"});
+    auto clean = cli({"check", project});
+    EXPECT_EQ(clean.exit_code, 0) << clean.err;
+    EXPECT_EQ(clean.out, "Nessuna anomalia nel progetto\n");
+
+    // A modulator entered here and never opened in the project window; a
+    // link written by another tool to a module that is not there.
+    run_ok({"add-module", project, printed("00121F"), "--note", "Presa"});
+    run_ok({"set-point", project, "00121F/9", "--name", "Presa"});
+    sql("INSERT INTO associazioni (ID, identificativoRX, identificativoTX, numero_uscita, "
+        "nick_ricevente, numero_ingresso, nick_trasmittente, opzione, modo_) VALUES "
+        "(1, '009911/1', '000315/1', '1', 'Altro', '1', 'Pulsante', 'P', '000000001')");
+    auto found = cli({"check", project});
+    EXPECT_EQ(found.exit_code, 1);
+    EXPECT_EQ(found.out,
+              "Collegamento 1: l'utilizzatore è in un modulo che non è nel progetto: 009911/1\n"
+              "Modulo power-line non completato: 00121F\n");
+    auto french = cli({"--lang", "FRA", "check", project});
+    EXPECT_EQ(french.out.substr(0, french.out.find('\n')),
+              "Liaison 1: le récepteur est dans un module absent du projet : 009911/1");
+    EXPECT_EQ(cli({"check", (dir / "manca.TRN").string()}).exit_code, 1);
+}
+
 }  // namespace
 }  // namespace filo

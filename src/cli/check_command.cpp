@@ -1,0 +1,23 @@
+// The integrity report of a project that others have edited.
+#include <ostream>
+
+#include "cli/commands.hpp"
+#include "store/integrity.hpp"
+#include "store/project.hpp"
+
+namespace filo::cli {
+
+int check_project(Context& context, const std::string& project_path) {
+    store::Project project;
+    project.open(project_path);
+    const std::vector<store::IntegrityFinding> findings = store::check_integrity(project);
+    if (findings.empty()) {
+        context.out << context.texts[texts::Text::CHECK_CLEAN] << '\n';
+        return kExitOk;
+    }
+    for (const store::IntegrityFinding& f : findings)
+        context.out << store::describe(f, context.texts) << '\n';
+    return kExitUserError;
+}
+
+}  // namespace filo::cli
