@@ -8,6 +8,7 @@
 #include "app/session.hpp"
 #include "bus/module_code.hpp"
 #include "commissioning/scan.hpp"
+#include "store/powerline.hpp"
 #include "store/sqlite.hpp"
 
 namespace filo::app {
@@ -78,6 +79,12 @@ bool ProjectHub::load() {
             s.PROGETTO_CHIUSO = "SI";
             return false;
         }
+    }
+    try {
+        // Power-line modulators get their command name and link each time.
+        store::Powerline(s.project, s.links).POWERLINE();
+    } catch (const std::exception& e) {
+        s.message(Text::PROJECT_UNREADABLE, Text::TITLE_WARNING, {}, e.what());
     }
     CERCA_MODULI();
     return true;
