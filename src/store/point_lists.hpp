@@ -20,6 +20,8 @@ class LanguageTables;
 namespace filo::store {
 
 class Project;
+class GatewayChannels;
+class LinkQueries;
 
 inline constexpr std::int64_t kGroupHeaderItemData = 99999;
 
@@ -76,6 +78,15 @@ class PointLists {
     // data the message number. `bits` is the 96-character message string of
     // the link being edited, in which message n is character 97 - n.
     MessageList ELENCO_MESSAGGI(std::string_view codice_modulo, std::string_view bits);
+
+    // AVANZATE.Combo2, the points that can set an output's reference value:
+    // first the gateway channel (item data channel + 1000000), the next free
+    // one or, when the stored mode is being edited (STESSO_MODO "SI"), the one
+    // of the link of LINK_CORRENTE's output; then the analogue inputs, the
+    // temperature references and the external thermostats by name, but the
+    // command point ID_COMANDO. CANALE_FORZATO is left at the channel.
+    std::vector<ListEntry> ELENCO_ANALOGICI(GatewayChannels& channels, LinkQueries& queries,
+                                            std::string_view STESSO_MODO, std::int64_t ID_COMANDO);
 
     // The rows of radio receivers (type 4A) in the project; nothing when
     // there is none, in which case N_RIGHE_MODULO stays as it was.

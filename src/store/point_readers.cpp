@@ -1,9 +1,13 @@
 // The smaller readers of table nick that windows and the export use: the
 // messages of a message module, the radio receivers, the card reader groups.
 #include "common/basic_functions.hpp"
+#include "store/channels.hpp"
+#include "store/link_queries.hpp"
+#include "store/link_row.hpp"
 #include "store/point_lists.hpp"
 #include "store/project.hpp"
 #include "store/sqlite.hpp"
+#include "texts/language_tables.hpp"
 
 namespace filo::store {
 
@@ -21,6 +25,42 @@ MessageList PointLists::ELENCO_MESSAGGI(std::string_view codice_modulo, std::str
                           basic::mid(bits, static_cast<std::size_t>(97 - number), 1) == "1";
         list.entries.push_back({std::move(nick), number});
         list.selected.push_back(sent);
+    }
+    return list;
+}
+
+std::vector<ListEntry> PointLists::ELENCO_ANALOGICI(GatewayChannels& channels, LinkQueries& queries,
+                                                    std::string_view STESSO_MODO,
+                                                    std::int64_t ID_COMANDO) {
+    std::vector<ListEntry> list;
+    channels.CERCA_CANALE();
+    if (STESSO_MODO == "SI") {
+        // The link being edited keeps its channel.
+        queries.LEGGI_ASSOCIATI_A_UTILIZZATORE();
+        if (queries.threshold_source == kNetGate)
+            channels.CANALE_FORZATO = static_cast<int>(basic::cint(queries.threshold_number));
+    }
+    list.push_back({"Net Gate  canale " + std::to_string(channels.CANALE_FORZATO),
+                    channels.CANALE_FORZATO + kCanaleItemData});
+
+    sqlite::Statement q = project_.database().prepare(
+        "SELECT ID, nick, riserva, modo, note FROM nick WHERE tipologia LIKE 'INPUT' "
+        "ORDER BY nick COLLATE NOCASE, ID");
+    while (q.step()) {
+        const std::int64_t id = q.integer(0);
+        const std::string nick = q.text(1);
+        if (nick.empty() || id == ID_COMANDO || q.text(2) == "K") continue;
+        const std::string letter(basic::left(q.text(3), 1));
+        texts::Text prefix;
+        if (letter == "A")
+            prefix = texts::Text::INPUT_ANALOG;
+        else if (letter == "B")
+            prefix = texts::Text::INPUT_TEMPERATURE_REFERENCE;
+        else if (letter == "z" && q.text(4).starts_with("CRONO"))
+            prefix = texts::Text::INPUT_EXTERNAL_THERMOSTAT;
+        else
+            continue;
+        list.push_back({texts_.text(prefix) + nick, id});
     }
     return list;
 }

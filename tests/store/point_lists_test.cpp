@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "store/channels.hpp"
+#include "store/link_queries.hpp"
 #include "store/point_fixture.hpp"
 #include "store/point_lists.hpp"
 #include "store/sqlite.hpp"
@@ -443,6 +445,40 @@ TEST_F(PointListsTest, IndexedEventsListAsAWalkOfEveryLink) {
     const std::vector<ListEntry> walked = events_walking_every_link(project, texts);
     EXPECT_GT(walked.size(), 150u);
     EXPECT_EQ(lists.Combo_COMANDI, walked);
+}
+
+TEST_F(PointListsTest, ReferenceSettersBeginWithTheGatewayChannel) {
+    add_module(table, "000111", 9, "Ingressi");
+    add_module(table, "000225", 11, "Uscite");
+    const std::pair<char, const char*> inputs[] = {{'A', "Sonda"}, {'B', "Riferimento"},
+                                                   {'z', "Crono"}, {'z', "Video"},
+                                                   {'P', "Tasto"}, {'A', "Comando"}};
+    for (int i = 0; i < 6; ++i) {
+        kind("000111", i + 1, inputs[i].first);
+        name("000111", i + 1, inputs[i].second);
+    }
+    set("000111", 3, "note", "CRONOTERMOSTATO");
+    link("000225/1", "Luce ", "FFFEFF/3", "NET_GATE", "010000003", "a");
+    link("000225/2", "Luce 2", "FFFEFF/7", "NET_GATE", "010000003", "a");
+
+    GatewayChannels channels(table);
+    LinkQueries queries(project, links, texts);
+    links.LINK_CORRENTE.identificativoRX = "000225/1";
+    struct Case {
+        const char* stesso_modo;
+        int channel;
+    } cases[] = {{"NO", 8}, {"SI", 3}};
+    for (const Case& c : cases) {
+        const std::vector<ListEntry> expected = {
+            {"Net Gate  canale " + std::to_string(c.channel), 1000000 + c.channel},
+            {"Cronotermostato esterno Crono", id("000111", 3)},
+            {"Rif per temperatura 0-5V Riferimento", id("000111", 2)},
+            {"Analogico Sonda", id("000111", 1)},
+        };
+        EXPECT_EQ(lists.ELENCO_ANALOGICI(channels, queries, c.stesso_modo, id("000111", 6)),
+                  expected);
+        EXPECT_EQ(channels.CANALE_FORZATO, c.channel);
+    }
 }
 
 }  // namespace
