@@ -34,40 +34,32 @@ const std::string kEventiCambioStato = header(32, "-------EVENTI DI CAMBIO STATO
 const std::string kEventi = header(48, "-------EVENTI---------");
 const std::string kAggregazioni = header(47, "-------AGGREGAZIONI---------");
 
-// The columns every walk reads.
+// What a walk reads of a row: the columns every walk needs, and one or two
+// more that the walk names (as SQL expressions, so that only the part of a
+// long field that is used is read).
 struct PointRow {
     std::int64_t ID = 0;
-    std::string codice, campo, numero_filo, nick, note, modo, riserva, riserva3;
-    bool riserva3_null = false;
+    std::string codice;
+    int campo = 0;
+    std::string nick;
+    std::string extra, extra2;
 };
 
-constexpr std::string_view kRowColumns =
-    "SELECT ID, codice, campo, numero_filo, nick, note, modo, riserva, riserva3 FROM nick ";
+// A named row not hidden by a riserva of exactly "K".
+constexpr std::string_view kLive = "nick <> '' AND IFNULL(riserva, '') <> 'K' COLLATE BINARY";
 
-std::vector<PointRow> read_points(sqlite::Connection& db, std::string_view where_and_order,
+std::vector<PointRow> read_points(sqlite::Connection& db, std::string_view extra,
+                                  std::string_view extra2, std::string_view where_and_order,
                                   std::string_view parameter = {}) {
-    sqlite::Statement q = db.prepare(std::string(kRowColumns) + std::string(where_and_order));
+    sqlite::Statement q =
+        db.prepare("SELECT ID, codice, campo, nick, " + std::string(extra) + ", " +
+                   std::string(extra2) + " FROM nick WHERE " + std::string(where_and_order));
     if (!parameter.empty()) q.bind(1, parameter);
     std::vector<PointRow> rows;
-    while (q.step()) {
-        PointRow& r = rows.emplace_back();
-        r.ID = q.integer(0);
-        r.codice = q.text(1);
-        r.campo = q.text(2);
-        r.numero_filo = q.text(3);
-        r.nick = q.text(4);
-        r.note = q.text(5);
-        r.modo = q.text(6);
-        r.riserva = q.text(7);
-        r.riserva3 = q.text(8);
-        r.riserva3_null = q.is_null(8);
-    }
+    while (q.step())
+        rows.push_back({q.integer(0), q.text(1), static_cast<int>(val(q.text(2))), q.text(3),
+                        q.text(4), q.text(5)});
     return rows;
-}
-
-// A point without a name takes part in no list; "K" hides a row.
-bool is_live_named(const PointRow& r) {
-    return !r.nick.empty() && r.riserva != "K";
 }
 
 bool passes_code_filter(const PointRow& r, std::string_view filter) {
@@ -106,15 +98,19 @@ class GroupedList {
     bool header_pending_ = false;
 };
 
-// The link rows that make an output generate events (modo_ character 5),
-// counted by the receiver's name: the events a name offers.
-std::unordered_map<std::string, int> event_links_by_receiver(sqlite::Connection& db) {
+// The receivers' names of the link rows that make their output generate
+// events (modo_ character 5), in link order.
+std::vector<std::string> event_receivers(sqlite::Connection& db) {
     sqlite::Statement q = db.prepare(
-        "SELECT nick_ricevente, modo_ FROM associazioni WHERE identificativoRX <> '' ORDER BY ID");
-    std::unordered_map<std::string, int> counts;
-    while (q.step())
-        if (mid(q.text(1), 5, 1) == "1") ++counts[ascii_folded(q.text(0))];
-    return counts;
+        "SELECT nick_ricevente FROM associazioni WHERE identificativoRX <> '' AND "
+        "substr(modo_, 5, 1) = '1' ORDER BY ID");
+    std::vector<std::string> names;
+    while (q.step()) names.push_back(ascii_folded(q.text(0)));
+    return names;
+}
+
+std::string live(std::string_view condition, std::string_view order) {
+    return std::string(condition) + " AND " + std::string(kLive) + std::string(order);
 }
 
 }  // namespace
@@ -129,23 +125,17 @@ void PointLists::CARICA_PUNTI_UTILIZZATORI() {
     }
     const std::string& code_filter = filters.codice_utilizzatori;
     const std::string& name_filter = filters.nome_utilizzatori;
-    auto family = [&](std::string_view pattern, std::int64_t offset) {
+    // numero_filo decides the block of a relay: outputs from 9 up have their own.
+    auto family = [&](std::string_view pattern, std::int64_t offset, bool relays = false) {
         for (const PointRow& r :
-             read_points(db, "WHERE tipologia LIKE ?1" + std::string(kByNick), pattern)) {
-            if (!is_live_named(r) || !passes_code_filter(r, code_filter) ||
-                !passes_name_filter(r.nick, name_filter))
+             read_points(db, "numero_filo", "''", live("tipologia LIKE ?1", kByNick), pattern)) {
+            if (!passes_code_filter(r, code_filter) || !passes_name_filter(r.nick, name_filter))
                 continue;
-            list.push_back({r.nick, r.ID + offset});
+            const bool high = relays && val(r.extra) >= 9;
+            list.push_back({r.nick, r.ID + offset + (high ? 100000 : 0)});
         }
     };
-    // Relays: outputs from 9 up are told apart by their own block.
-    for (const PointRow& r :
-         read_points(db, "WHERE tipologia LIKE 'RELE%'" + std::string(kByNick))) {
-        if (!is_live_named(r) || !passes_code_filter(r, code_filter) ||
-            !passes_name_filter(r.nick, name_filter))
-            continue;
-        list.push_back({r.nick, r.ID + (val(r.numero_filo) < 9 ? 0 : 100000)});
-    }
+    family("RELE%", 0, true);
     family("VCITOF%", 0);
     family("SPIA%", 200000);
 
@@ -153,17 +143,16 @@ void PointLists::CARICA_PUNTI_UTILIZZATORI() {
     std::string rgb_text, rgb_code;
     std::int64_t rgb_id = 0;
     bool rgb_open = false;
-    for (const PointRow& r : read_points(db, "WHERE tipologia LIKE 'RGB%'" + std::string(kById))) {
-        if (!is_live_named(r) || !passes_code_filter(r, code_filter)) continue;
-        const double campo = val(r.campo);
-        if (campo == 9) {
+    for (const PointRow& r : read_points(db, "''", "''", live("tipologia LIKE 'RGB%'", kById))) {
+        if (!passes_code_filter(r, code_filter)) continue;
+        if (r.campo == 9) {
             rgb_text = "RGB --->  " + r.nick;
             rgb_code = r.codice;
             rgb_id = r.ID;
             rgb_open = true;
-        } else if (rgb_open && r.codice == rgb_code && (campo == 10 || campo == 11)) {
+        } else if (rgb_open && r.codice == rgb_code && (r.campo == 10 || r.campo == 11)) {
             rgb_text += "  " + r.nick;
-            if (campo == 11) {
+            if (r.campo == 11) {
                 rgb_open = false;
                 if (passes_name_filter(rgb_text, name_filter))
                     list.push_back({rgb_text, rgb_id + 500000});
@@ -177,16 +166,16 @@ void PointLists::CARICA_PUNTI_UTILIZZATORI() {
 
     // A message module is one entry, whatever the number of its messages.
     std::string last_code;
-    for (const PointRow& r : read_points(db,
-                                         "WHERE tipologia LIKE 'OUT_SERIALE%' AND riserva2 <> '' "
-                                         "ORDER BY codice COLLATE NOCASE, ID")) {
-        if (!is_live_named(r) || r.codice == last_code) continue;
+    for (const PointRow& r : read_points(db, "note", "''",
+                                         live("tipologia LIKE 'OUT_SERIALE%' AND riserva2 <> ''",
+                                              " ORDER BY codice COLLATE NOCASE, ID"))) {
+        if (r.codice == last_code) continue;
         last_code = r.codice;
-        std::string note = r.note;
-        if (note.starts_with('*')) note.erase(0, 1);
+        std::string_view note = r.extra;
+        if (note.starts_with('*')) note.remove_prefix(1);
         // The leading "1" keeps the code's leading zeros in the number.
-        list.push_back(
-            {"MESSAGGIO del modulo " + note, static_cast<std::int64_t>(val("&H1" + r.codice))});
+        list.push_back({"MESSAGGIO del modulo " + std::string(note),
+                        static_cast<std::int64_t>(val("&H1" + r.codice))});
     }
     if (STATO_GRUPPO == "VUOTO") list.push_back({"CREA GRUPPO", 0});
 }
@@ -195,9 +184,14 @@ void PointLists::CARICA_PUNTI_TRASMITTENTI() {
     sqlite::Connection& db = project_.database();
     Combo_COMANDI.clear();
     GroupedList list(Combo_COMANDI, filters.nome_comandi);
-    const std::vector<PointRow> inputs =
-        read_points(db, "WHERE tipologia LIKE 'INPUT'" + std::string(kByNick));
-    if (inputs.empty()) return;  // no inputs: not even the safety group
+    {
+        // No inputs at all: not even the safety group.
+        sqlite::Statement any =
+            db.prepare("SELECT 1 FROM nick WHERE tipologia = 'INPUT' COLLATE NOCASE LIMIT 1");
+        if (!any.step()) return;
+    }
+    const std::vector<PointRow> inputs = read_points(
+        db, "substr(modo, 1, 1)", "''", live("tipologia = 'INPUT' COLLATE NOCASE", kByNick));
 
     const std::string& code_filter = filters.codice_comandi;
     struct Group {
@@ -209,34 +203,39 @@ void PointLists::CARICA_PUNTI_TRASMITTENTI() {
         {kContatti, "PIipTN", true}, {kVideocitofono, "zv", false}, {kRemoti, "YR", false},
         {kAnalogici, "VA", true},    {kSensori, "GbLMK", true},     {kTermostati, "WJX", true},
     };
+    const std::string held = texts_.text(Text::INPUT_HELD_PUSHBUTTON) + "   ";
     for (const Group& g : groups) {
         list.group(g.title);
         const bool contacts = &g.title == &kContatti;
         for (const PointRow& r : inputs) {
-            if (!is_live_named(r) || r.modo.empty()) continue;
-            const char letter = r.modo[0];
+            if (r.extra.empty()) continue;
+            const char letter = r.extra[0];
             if (g.letters.find(letter) == std::string_view::npos) continue;
             if (g.code_filtered && !passes_code_filter(r, code_filter)) continue;
-            const std::string type(right(r.codice, 2));
+            const std::string_view type = right(r.codice, 2);
             // Input 8 of a power-line modulator is its own output's command.
-            if (contacts && type == "1F" && r.campo == "8") continue;
+            if (contacts && type == "1F" && r.campo == 8) continue;
             const std::int64_t data = contacts && type == "1A" ? r.ID + 1400000 : r.ID;
-            if (list.add(r.nick, data) && letter == 'T')
-                list.add(texts_.text(Text::INPUT_HELD_PUSHBUTTON) + "   " + r.nick, r.ID + 300000);
+            if (list.add(r.nick, data) && letter == 'T') list.add(held + r.nick, r.ID + 300000);
         }
     }
 
     // Presence warnings: the module parameter at characters 9 to 11 of row 1.
-    {
+    // A row 1 that lacks its parameters gets an empty text first.
+    sqlite::Statement unset = db.prepare(
+        "SELECT 1 FROM nick WHERE campo = '1' COLLATE NOCASE AND riserva3 IS NULL LIMIT 1");
+    if (unset.step()) {
         sqlite::Transaction t(db);
-        db.exec("UPDATE nick SET riserva3 = '' WHERE campo LIKE '1' AND riserva3 IS NULL");
+        db.exec(
+            "UPDATE nick SET riserva3 = '' WHERE campo = '1' COLLATE NOCASE AND "
+            "riserva3 IS NULL");
         t.commit();
     }
     list.group(kSicurezza);
-    for (const PointRow& r : read_points(db, "WHERE campo LIKE '1'" + std::string(kById))) {
-        if (!is_live_named(r) || val(mid(r.riserva3, 9, 3)) <= 0) continue;
-        list.add(texts_.text(Text::PRESENCE_WARNING_MODULE) + r.codice, r.ID + 600000);
-    }
+    const std::string presence = texts_.text(Text::PRESENCE_WARNING_MODULE);
+    for (const PointRow& r :
+         read_points(db, "substr(riserva3, 9, 3)", "''", live("campo = '1' COLLATE NOCASE", kById)))
+        if (val(r.extra) > 0) list.add(presence + r.codice, r.ID + 600000);
 }
 
 void PointLists::CARICA_PUNTI_TRASMITTENTI_ESTESI() {
@@ -244,36 +243,39 @@ void PointLists::CARICA_PUNTI_TRASMITTENTI_ESTESI() {
     GroupedList list(Combo_COMANDI, filters.nome_comandi);
     // Each event link of an output lists the output once more: the names are
     // looked up in an index of the link table instead of walking it per row.
-    const std::unordered_map<std::string, int> events = event_links_by_receiver(db);
-    auto events_of = [&events](const std::string& name) {
-        auto it = events.find(ascii_folded(name));
-        return it == events.end() ? 0 : it->second;
-    };
+    const std::vector<std::string> receivers = event_receivers(db);
+    std::unordered_map<std::string, int> events;
+    for (const std::string& name : receivers) ++events[name];
     const std::string evento = texts_.text(Text::EVENT_WORD);
-
+    auto outputs = [&](std::string_view tipologia) {
+        for (const PointRow& r : read_points(
+                 db, "''", "''", live("tipologia = ?1 COLLATE NOCASE", kByNick), tipologia)) {
+            auto it = events.find(ascii_folded(r.nick));
+            for (int n = it == events.end() ? 0 : it->second; n > 0; --n)
+                list.add(evento + r.nick, r.ID + 100000);
+        }
+    };
     list.group(kEventiCambioStato);
-    for (const PointRow& r :
-         read_points(db, "WHERE tipologia LIKE 'RELE'" + std::string(kByNick))) {
-        if (!is_live_named(r)) continue;
-        for (int n = events_of(r.nick); n > 0; --n) list.add(evento + r.nick, r.ID + 100000);
-    }
+    outputs("RELE");
 
     // RGB masters: for each event link in table order, every RGB module whose
-    // row 9 bears the link's receiver name, with the names of its three rows.
+    // row 9 bears the link's receiver name, with the names of the two rows
+    // after it. A master takes its three rows: a row 9 among them is passed.
     list.group(kEventi);
-    const std::vector<PointRow> rgb =
-        read_points(db, "WHERE tipologia LIKE 'RGB'" + std::string(kById));
+    const std::vector<PointRow> rgb = read_points(db, "IFNULL(riserva, '')", "''",
+                                                  "tipologia = 'RGB' COLLATE NOCASE ORDER BY ID");
     struct Master {
         std::string text;
         std::int64_t item_data;
     };
     std::unordered_map<std::string, std::vector<Master>> masters;
-    std::unordered_map<std::string, std::size_t> next_free;  // a master takes three rows
+    std::unordered_map<std::string, std::size_t> next_free;
     const std::string master_rgb = texts_.text(Text::MASTER_RGB);
     for (std::size_t i = 0; i + 2 < rgb.size(); ++i) {
         const PointRow& r = rgb[i];
-        if (val(r.campo) != 9 || !is_live_named(r)) continue;
+        if (r.campo != 9 || r.nick.empty() || r.extra == "K") continue;
         const std::string key = ascii_folded(r.nick);
+        if (!events.contains(key)) continue;
         auto [it, fresh] = next_free.try_emplace(key, 0);
         if (!fresh && i < it->second) continue;
         it->second = i + 3;
@@ -282,23 +284,15 @@ void PointLists::CARICA_PUNTI_TRASMITTENTI_ESTESI() {
              rgb[i + 2].ID + 1300000});
     }
     if (!masters.empty()) {
-        sqlite::Statement q = db.prepare(
-            "SELECT nick_ricevente, modo_ FROM associazioni WHERE identificativoRX <> '' "
-            "ORDER BY ID");
-        while (q.step()) {
-            if (mid(q.text(1), 5, 1) != "1") continue;
-            auto it = masters.find(ascii_folded(q.text(0)));
+        for (const std::string& name : receivers) {
+            auto it = masters.find(name);
             if (it == masters.end()) continue;
             for (const Master& m : it->second) list.add(m.text, m.item_data);
         }
     }
 
     list.group(kEventi);
-    for (const PointRow& r :
-         read_points(db, "WHERE tipologia LIKE 'DIMMER'" + std::string(kByNick))) {
-        if (!is_live_named(r)) continue;
-        for (int n = events_of(r.nick); n > 0; --n) list.add(evento + r.nick, r.ID + 100000);
-    }
+    outputs("DIMMER");
 }
 
 void PointLists::EVENTI_SPECIALI() {
@@ -308,30 +302,36 @@ void PointLists::EVENTI_SPECIALI() {
     const std::string almeno1 = texts_.text(Text::AGGREGATE_AT_LEAST_ONE);
     const std::string tutti = texts_.text(Text::AGGREGATE_ALL);
     std::int64_t module_id = 0;  // row 1 of the module whose flags are walked
-    for (const PointRow& r :
-         read_points(db, "WHERE campo = '1' OR campo = '2' OR campo = '4' OR campo = '6'" +
-                             std::string(kById))) {
-        if (r.riserva == "K" || r.riserva3_null) continue;
-        const std::string type(right(r.codice, 2));
+    // Row 1 of a scene module holds its scene mask in riserva3.
+    sqlite::Statement q = db.prepare(
+        "SELECT ID, codice, campo, IFNULL(riserva, ''), note, substr(riserva3, 1, 8) FROM nick "
+        "WHERE campo IN ('1', '2', '4', '6') AND riserva3 IS NOT NULL AND "
+        "IFNULL(riserva, '') <> 'K' COLLATE BINARY ORDER BY ID");
+    while (q.step()) {
+        const std::string codice = q.text(1);
+        const std::string_view type = right(codice, 2);
+        const auto campo = static_cast<int>(val(q.text(2)));
+        const std::int64_t id = q.integer(0);
         if (type == "48") {
-            if (r.campo != "1" || val(mid(r.riserva3, 1, 8)) <= 0) continue;
-            const std::string label = r.note.empty() ? r.codice : r.note;
-            list.add(label + almeno1, r.ID + 400000);
-            list.add(label + tutti, r.ID + 500000);
+            if (campo != 1 || val(q.text(5)) <= 0) continue;
+            std::string label = q.text(4);
+            if (label.empty()) label = codice;
+            list.add(label + almeno1, id + 400000);
+            list.add(label + tutti, id + 500000);
         } else if (type == "11" || type == "15" || type == "12" || type == "25") {
-            if (r.campo == "1") {
-                module_id = r.ID;
+            if (campo == 1) {
+                module_id = id;
                 continue;
             }
-            if (r.riserva.empty()) continue;
+            const std::string riserva = q.text(3);
+            if (riserva.empty()) continue;
             // Each of rows 2, 4 and 6 names one aggregation of the module.
-            const std::int64_t block = r.campo == "2" ? 700000 : r.campo == "4" ? 900000 : 1100000;
-            list.add(r.riserva + almeno1, module_id + block);
-            list.add(r.riserva + tutti, module_id + block + 100000);
+            const std::int64_t block = campo == 2 ? 700000 : campo == 4 ? 900000 : 1100000;
+            list.add(riserva + almeno1, module_id + block);
+            list.add(riserva + tutti, module_id + block + 100000);
         }
     }
 }
-
 void PointLists::CARICA_COMBO(int livello) {
     const PointFilters typed = filters;
     if (livello < 2) {
