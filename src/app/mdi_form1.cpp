@@ -11,6 +11,7 @@
 #include "app/form1.hpp"
 #include "app/form2.hpp"
 #include "app/form3.hpp"
+#include "app/form4.hpp"
 #include "app/levels.hpp"
 #include "app/main_menu.hpp"
 #include "app/project_hub.hpp"
@@ -184,8 +185,25 @@ void MDIForm1::show_connection() {
 }
 
 void MDIForm1::open_programming() {
-    session_.message(Text::NOT_YET_AVAILABLE, Text::TITLE_WARNING, {},
-                     session_.texts[Text::PROGRAM_INSTALLATION]);
+    Form3* hub = form3();
+    if (!hub || stack_->findChild<Form4*>()) return;
+    // Form4 covers the project window, which stays loaded beneath it; the
+    // menus wait, as the run owns the line until the window closes.
+    auto* form = new Form4(session_);
+    stack_->addWidget(form);
+    stack_->setCurrentWidget(form);
+    menuBar()->setEnabled(false);
+    connect(form, &Form4::closed, this, [this, form] {
+        menuBar()->setEnabled(true);
+        if (Form3* f = form3()) {
+            stack_->setCurrentWidget(f);
+            f->load();
+        }
+        stack_->removeWidget(form);
+        form->deleteLater();
+        refresh_status();
+    });
+    form->load();
 }
 
 void MDIForm1::port_lost(const QString& what) {

@@ -44,7 +44,8 @@ class MDIForm1 final : public QMainWindow {
     bool show_project();
     // SERIALE, modal; the windows show the line's state after it.
     void show_connection();
-    // The programming window. It comes with the programming run.
+    // Form4, the programming window, over the project window; its run
+    // starts by itself.
     void open_programming();
     // The port was lost under a running operation.
     void port_lost(const QString& what);

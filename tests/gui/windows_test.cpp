@@ -208,17 +208,5 @@ TEST_F(WindowsTest, TheConnectionWindowTakesATypedPathAndTheWindowsShowTheLine) 
     EXPECT_EQ(child<QLabel>(form(), "Label9")->text(), "Connetti all'impianto ");
 }
 
-TEST_F(WindowsTest, ProgrammingFromTheProjectWindowSaysItIsNotYetThere) {
-    create_project("Casa");
-    add_module("00121F");
-    session.use_port("/dev/ttyUSB0");
-    static_cast<app::Form3*>(form())->load();
-    messages.shown.clear();
-    click("Image1_4");
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].text,
-              "Non ancora disponibile in questa versione: Programma impianto");
-}
-
 }  // namespace
 }  // namespace filo::testing
