@@ -59,10 +59,15 @@ void LinkRepairs::AGGIORNA_NUMEROMODULO_NEI_LINK(std::string_view codice_vecchio
                                                  std::string_view nuovo_numero) {
     sqlite::Connection& db = project_.database();
     sqlite::Transaction t(db);
-    for (const char* column : {"identificativoRX", "identificativoTX"}) {
-        const std::string c = column;
-        sqlite::Statement s = db.prepare("UPDATE associazioni SET " + c + " = ?1 || substr(" + c +
-                                         ", 5) WHERE \"LEFT\"(" + c + ", 6) = ?2 COLLATE NOCASE");
+    // The type characters and the point's number stay: only the first four
+    // characters of each identifier change.
+    constexpr const char* kRenumber[] = {
+        "UPDATE associazioni SET identificativoRX = ?1 || substr(identificativoRX, 5) "
+        "WHERE \"LEFT\"(identificativoRX, 6) = ?2 COLLATE NOCASE",
+        "UPDATE associazioni SET identificativoTX = ?1 || substr(identificativoTX, 5) "
+        "WHERE \"LEFT\"(identificativoTX, 6) = ?2 COLLATE NOCASE"};
+    for (const char* sql : kRenumber) {
+        sqlite::Statement s = db.prepare(sql);
         s.bind(1, nuovo_numero).bind(2, codice_vecchio);
         s.run();
     }
