@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <QToolButton>
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -24,6 +25,7 @@
 #include "app/form4.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/programming_window.hpp"
+#include "app/project_errors.hpp"
 #include "app/qt_port_host.hpp"
 #include "gui/gui_fixture.hpp"
 #include "links/link_record.hpp"
@@ -439,6 +441,90 @@ TEST_F(ProgrammingWindowTest, OpensOverTheProjectWindowAndGivesItBack) {
     EXPECT_TRUE(main.menuBar()->isEnabled());
     EXPECT_TRUE(QTest::qWaitFor([&] { return main.findChildren<app::Form4*>().empty(); }, 1000));
     EXPECT_EQ(session.PROGETTO_CHIUSO, "NO");
+}
+
+// The application over a real pseudo-terminal: the demo project, with two
+// links, programmed into its simulated installation from the project window.
+TEST(ProgrammingWindowEndToEnd, TheSimulatedModulesHoldWhatTheProjectSays) {
+    TempDir dir;
+    bus::ReceiveAssembler receiver;
+    platform::SteadyClock clock;
+    app::QtPortHost port(receiver, clock);
+    RecordingMessages messages;
+    app::Session session(dir.path(), port, receiver, messages);
+    session.LIVELLO = 3;
+    app::make_demo_project(session);
+    const auto file = session.files.project_path(app::kDemoProject);
+    {
+        store::Project project;
+        project.open(file);
+        store::LinkTable links(project);
+        links.LINK_CORRENTE =
+            switching_link("001015/9", "001015/1", "Luce cucina", "Pulsante cucina");
+        links.AGGIUNGI_LINK();
+        links.LINK_CORRENTE =
+            switching_link("003005/9", "004019/1", "Lampada soggiorno", "Sensore luce giardino");
+        links.AGGIUNGI_LINK();
+    }
+    ASSERT_TRUE(app::open_project_file(session, file));
+    sim::Simulator simulator(sim::make_installation(sim::bus_codes_of_project(file), {}),
+                             sim::Faults{});
+    sim::SimServer server(simulator);
+    server.start();
+    ASSERT_TRUE(session.use_port(server.path()));
+
+    app::AppServices services;
+    services.exec_dialog = [](QDialog& dialog) { return dialog.result(); };
+    app::MDIForm1 main(session, services);
+    main.resize(1180, 760);
+    main.show();
+    ASSERT_TRUE(main.show_project());
+    QTest::mouseClick(child<QToolButton>(main.form3(), "Image1_4"), Qt::LeftButton);
+    auto* form = qobject_cast<app::Form4*>(main.findChild<QStackedWidget*>()->currentWidget());
+    ASSERT_NE(form, nullptr);
+    const ProgrammingWindow& w = form->tool();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return w.runs == 1 && !w.in_progress(); }, 60000));
+    EXPECT_EQ(w.Label22, "PROGRAMMAZIONE TERMINATA");
+    EXPECT_EQ(w.report().N_ERRORI, 0);
+    EXPECT_TRUE(messages.shown.empty());
+    ASSERT_EQ(w.Combo_REGOLATORI.size(), 1u);
+    EXPECT_EQ(w.Combo_REGOLATORI[0].nick, "Sensore luce giardino");
+
+    // The records the project gives its links, in the order of the table.
+    std::vector<std::string> records;
+    store::LinkTable links(session.project);
+    links.LEGGI_LINK();
+    for (int n = 1; n <= links.N_LINK(); ++n) {
+        links::LinkImage image;
+        ASSERT_TRUE(links::LEGGIprossimoLINK(links, n, image));
+        if (!image.RECORD_LINK.empty()) records.push_back(image.RECORD_LINK);
+    }
+    ASSERT_EQ(records.size(), 2u);
+    server.inspect([&](const sim::Simulator& s) {
+        EXPECT_EQ(s.links(), records);
+        EXPECT_GT(s.programming_opened(), 0);
+        EXPECT_GT(s.programming_closed(), 0);
+        for (const sim::SimModule& m : s.modules()) {
+            if (m.code == app::kDemoSpareModule) continue;  // on the bus, not in the project
+            SCOPED_TRACE(m.code);
+            EXPECT_EQ(m.resets, 1);
+            EXPECT_EQ(m.reset_value, 0x68);
+        }
+        // Each link went to the module of its output.
+        for (const sim::SimModule& m : s.modules()) {
+            if (m.code == "001015" || m.code == "003005") {
+                EXPECT_EQ(m.links.size(), 1u);
+            }
+        }
+    });
+
+    // The picture of the window for the user guide, when asked for.
+    if (const char* picture = std::getenv("FILO_FORM4_SCREENSHOT")) {
+        QTest::qWait(100);
+        EXPECT_TRUE(main.grab().save(picture));
+    }
+    QTest::mouseClick(child<QToolButton>(form, "Image1_2"), Qt::LeftButton);
+    EXPECT_EQ(main.findChild<QStackedWidget*>()->currentWidget(), main.form3());
 }
 
 }  // namespace
