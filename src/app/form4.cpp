@@ -222,8 +222,7 @@ void Form4::refresh() {
     help_->setVisible(session_.AIUTO);
     Frame1_->setVisible(w.Frame1);
     Frame2_->setVisible(w.Frame2);
-    Frame1_->setTitle(qs(session_.texts.text(Text::RUN_SHOW_REPORT)).trimmed());
-    Frame2_->setTitle(qs(session_.texts.text(Text::RUN_IN_PROGRESS)));
+    Frame2_->setTitle(qs(session_.texts.text(Text::PROGRAM_INSTALLATION)));
     Command1_->setVisible(w.Command1);
     ProgressBar1_1_->setRange(0, std::max(w.bar1_max, 1));
     ProgressBar1_1_->setValue(w.bar1);
@@ -244,6 +243,7 @@ void Form4::refresh() {
         Combo_REGOLATORI_->clear();
         for (const commissioning::Regolatore& r : w.Combo_REGOLATORI)
             Combo_REGOLATORI_->addItem(qs(r.nick), QVariant::fromValue<qlonglong>(r.item_data));
+        Combo_REGOLATORI_->setPlaceholderText(qs(session_.texts.text(Text::SELECT_NAME)));
         Combo_REGOLATORI_->setCurrentIndex(-1);
         regolatori_shown_ = w.Combo_REGOLATORI.size();
     }

@@ -520,6 +520,7 @@ TEST(ProgrammingWindowEndToEnd, TheSimulatedModulesHoldWhatTheProjectSays) {
 
     // The picture of the window for the user guide, when asked for.
     if (const char* picture = std::getenv("FILO_FORM4_SCREENSHOT")) {
+        QTest::mouseClick(child<QToolButton>(form, "Image1_1"), Qt::LeftButton);
         QTest::qWait(100);
         EXPECT_TRUE(main.grab().save(picture));
     }
