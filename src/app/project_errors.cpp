@@ -8,22 +8,6 @@ namespace filo::app {
 
 using texts::Text;
 
-std::string describe(const store::ProjectError& error, const texts::LanguageTables& texts) {
-    switch (error.problem()) {
-        case store::ProjectProblem::Missing:
-            return texts.text(Text::PROJECT_MISSING) + ": " + error.detail();
-        case store::ProjectProblem::NotADatabase:
-            return texts.text(Text::PROJECT_NOT_A_DATABASE) + error.detail();
-        case store::ProjectProblem::MissingTables:
-            return texts.text(Text::PROJECT_TABLES_MISSING) + error.detail();
-        case store::ProjectProblem::MissingColumns:
-            return texts.text(Text::PROJECT_COLUMNS_MISSING) + error.detail();
-        case store::ProjectProblem::Unreadable:
-            break;
-    }
-    return texts.text(Text::PROJECT_UNREADABLE) + error.detail();
-}
-
 bool open_project_file(Session& session, const std::filesystem::path& file) {
     store::Project& p = session.project;
     const std::string name = p.NOME_PROGETTO, path = p.PERCORSO_PROGETTO;

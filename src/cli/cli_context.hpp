@@ -5,10 +5,6 @@
 
 #include "texts/language_tables.hpp"
 
-namespace filo::store {
-class ProjectError;
-}
-
 namespace filo::cli {
 
 // Exit codes of filo-cli.
@@ -31,8 +27,5 @@ struct Context {
     std::ostream& out;
     std::ostream& err;
 };
-
-// The message for a project that could not be opened or used.
-std::string describe(const store::ProjectError& error, const texts::LanguageTables& texts);
 
 }  // namespace filo::cli

@@ -167,7 +167,7 @@ int run(int argc, char** argv) {
         std::cerr << e.what() << '\n';
         return filo::cli::kExitUserError;
     } catch (const filo::store::ProjectError& e) {
-        std::cerr << filo::cli::describe(e, texts) << '\n';
+        std::cerr << filo::store::describe(e, texts) << '\n';
         return filo::cli::kExitUserError;
     } catch (const filo::sqlite::SqlError& e) {
         std::cerr << texts[filo::texts::Text::PROJECT_UNREADABLE] << e.what() << '\n'

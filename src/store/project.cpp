@@ -5,8 +5,26 @@
 #include "store/schema.hpp"
 #include "store/sql_functions.hpp"
 #include "store/sqlite.hpp"
+#include "texts/language_tables.hpp"
 
 namespace filo::store {
+
+std::string describe(const ProjectError& error, const texts::LanguageTables& texts) {
+    using texts::Text;
+    switch (error.problem()) {
+        case ProjectProblem::Missing:
+            return texts.text(Text::PROJECT_MISSING) + ": " + error.detail();
+        case ProjectProblem::NotADatabase:
+            return texts.text(Text::PROJECT_NOT_A_DATABASE) + error.detail();
+        case ProjectProblem::MissingTables:
+            return texts.text(Text::PROJECT_TABLES_MISSING) + error.detail();
+        case ProjectProblem::MissingColumns:
+            return texts.text(Text::PROJECT_COLUMNS_MISSING) + error.detail();
+        case ProjectProblem::Unreadable:
+            break;
+    }
+    return texts.text(Text::PROJECT_UNREADABLE) + error.detail();
+}
 namespace {
 
 std::string joined(const std::vector<std::string>& names) {

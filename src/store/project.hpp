@@ -7,6 +7,9 @@
 namespace filo::sqlite {
 class Connection;
 }
+namespace filo::texts {
+class LanguageTables;
+}
 
 namespace filo::store {
 
@@ -31,6 +34,9 @@ class ProjectError : public std::runtime_error {
     ProjectProblem problem_;
     std::string detail_;
 };
+
+// What the installer reads about it, in the chosen language.
+std::string describe(const ProjectError& error, const texts::LanguageTables& texts);
 
 // The journal and cache settings of every connection to a project file.
 void use_project_settings(sqlite::Connection& connection);
