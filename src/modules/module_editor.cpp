@@ -8,6 +8,7 @@
 #include "modules/parameter_fields.hpp"
 #include "store/link_table.hpp"
 #include "store/module_table.hpp"
+#include "store/powerline.hpp"
 #include "store/project.hpp"
 #include "store/sqlite.hpp"
 #include "texts/language_tables.hpp"
@@ -288,6 +289,11 @@ EditRefusal ModuleEditor::save() {
         table_.STATO_MODULO = store::kModuloEsistente;
     }
     links_.AGGIORNA_NICK_NEI_LINK_DA_FORM5(table_.CODICE_MODULO, m);
+    // The modulator's output is driven from its hidden input 8 by a link of
+    // the system's own, made once the output has a name.
+    if (type == "1F" && m.N_RIGHE_MODULO() >= 9 && !m.riga(9).nick.empty())
+        store::Powerline(table_.project(), links_)
+            .GENERA_ASSOCIAZIONE_PWLINE(table_.CODICE_MODULO, m.M_NICK_NUMERICO, m.riga(9).nick);
     transaction.commit();
     return EditRefusal::None;
 }

@@ -148,6 +148,13 @@ TEST_F(ModuleEditorTest, SavingChecksSafetyInputsAndFillsTheTypesOwnPoints) {
     editor.rename(9, "Presa cucina");
     ASSERT_EQ(editor.save(), R::None);
     EXPECT_EQ(row(8).nick, "(COMANDO) Presa cucina ");
+    // The command link from input 8 to the output, written once however often
+    // the module is saved.
+    ASSERT_EQ(editor.save(), R::None);
+    links.LEGGI_LINK();
+    ASSERT_EQ(links.N_LINK(), 1);
+    EXPECT_EQ(links.link(1).identificativoRX, "00051F/1");
+    EXPECT_EQ(links.link(1).identificativoTX, "00051F/8");
 }
 
 }  // namespace
