@@ -86,10 +86,12 @@ TEST_F(PointCliTest, CheckReportsWhatOthersLeftBehind) {
     EXPECT_EQ(clean.exit_code, 0) << clean.err;
     EXPECT_EQ(clean.out, "Nessuna anomalia nel progetto\n");
 
-    // A modulator entered here and never opened in the project window; a
-    // link written by another tool to a module that is not there.
+    // A modulator whose command link another tool deleted; a link written by
+    // another tool to a module that is not there.
     run_ok({"add-module", project, printed("00121F"), "--note", "Presa"});
     run_ok({"set-point", project, "00121F/9", "--name", "Presa"});
+    EXPECT_EQ(cli({"check", project}).exit_code, 0);  // saving the module completed it
+    sql("DELETE FROM associazioni");
     sql("INSERT INTO associazioni (ID, identificativoRX, identificativoTX, numero_uscita, "
         "nick_ricevente, numero_ingresso, nick_trasmittente, opzione, modo_) VALUES "
         "(1, '009911/1', '000315/1', '1', 'Altro', '1', 'Pulsante', 'P', '000000001')");
