@@ -164,6 +164,12 @@ int program_installation(Context& context, const ProgramRequest& request) {
         InterruptStopsRun interrupt(run);
         try {
             run.PROGRAMMA_IMPIANTO();
+        } catch (const platform::PortError&) {
+            // The adapter went mid-run: what the report holds so far is kept.
+            progress.end();
+            report.save(platform::data_directory(), project.NOME_PROGETTO,
+                        std::chrono::system_clock::now());
+            throw;
         } catch (...) {
             progress.end();
             throw;
