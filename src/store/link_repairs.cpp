@@ -11,11 +11,6 @@
 
 namespace filo::store {
 
-bool is_continuation(const LinkRow& row) {
-    return row.identificativoRX.empty() || row.note == kSecondaPagina ||
-           row.nick_trasmittente == kNetGate || row.nick_trasmittente == kSecondaRiga;
-}
-
 void LinkRepairs::ELIMINA_COLLEGAMENTI_DEL_MODULO(std::string_view codice) {
     links_.TABELLA_LINK.clear();
     sqlite::Connection& db = project_.database();

@@ -11,12 +11,6 @@ namespace filo::store {
 class Project;
 class LinkTable;
 class ModuleTable;
-struct LinkRow;
-
-// Whether a row continues the link above it: a second page or a channel
-// row, or the gateway row that a reference link carries behind it.
-bool is_continuation(const LinkRow& row);
-
 class LinkRepairs {
   public:
     LinkRepairs(Project& project, LinkTable& links) : project_(project), links_(links) {}

@@ -17,6 +17,11 @@ long long percent_of(const std::string& stored, double hundredfold_scale) {
 
 }  // namespace
 
+bool is_continuation(const LinkRow& row) {
+    return row.identificativoRX.empty() || row.note == kSecondaPagina ||
+           row.nick_trasmittente == kNetGate || row.nick_trasmittente == kSecondaRiga;
+}
+
 std::string on_off_bus_value(const std::string& stored) {
     if (!stored.starts_with('/')) return stored;
     return std::to_string(percent_of(stored, 242) + 9);

@@ -40,6 +40,10 @@ inline constexpr std::string_view kSecondaRiga = "SECONDA RIGA";
 inline constexpr std::string_view kNetGate = "NET_GATE";
 inline constexpr std::string_view kImpostaValoreRiferimento = "IMPOSTA IL VALORE DI RIFERIMENTO";
 
+// Whether a row continues the link above it: a second page or a channel
+// row, or the gateway row that a reference link carries behind it.
+bool is_continuation(const LinkRow& row);
+
 // The bus value of an on_ or off_ column: "/nnn" is nnn per cent, 0 % being
 // 9 (off) and 100 % 251 (on); any other text is taken as it stands.
 std::string on_off_bus_value(const std::string& stored);

@@ -141,16 +141,10 @@ void LinkTable::CANCELLA_LINK() {
 }
 
 void LinkTable::CANCELLA_LINK_SUCESSIVO() {
-    sqlite::Connection& db = project_.database();
-    sqlite::Statement last = db.prepare("SELECT MAX(ID) FROM associazioni");
-    if (!last.step() || last.is_null(0) || ID_LINK + 1 > last.integer(0)) return;
     LinkRow next;
     if (!read_row(ID_LINK + 1, next)) return;
-    const bool continuation = next.identificativoRX.empty() || next.note == kSecondaPagina ||
-                              next.nick_trasmittente == kNetGate ||
-                              next.nick_trasmittente == kSecondaRiga;
-    if (!continuation) return;  // the next link's own first row
-    sqlite::Statement del = db.prepare("DELETE FROM associazioni WHERE ID = ?1");
+    if (!is_continuation(next)) return;  // the next link's own first row
+    sqlite::Statement del = project_.database().prepare("DELETE FROM associazioni WHERE ID = ?1");
     del.bind(1, ID_LINK + 1);
     del.run();
 }
