@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "bus/conversions.hpp"
 #include "common/basic_functions.hpp"
 #include "store/link_row.hpp"
 
@@ -120,19 +121,9 @@ void store_message_bits(const MessageBits& bits, store::LinkRow& row) {
     // Character k (1-based) of the 96 is the bit of message 97 - k.
     for (std::size_t g = 0; g < kGroups.size(); ++g) {
         std::string group(8, '0');
-        int value = 0;
-        for (std::size_t i = 0; i < 8; ++i) {
-            const std::size_t message = 96 - (g * 8 + i);
-            if (bits[message - 1]) {
-                group[i] = '1';
-                value |= 128 >> i;
-            }
-        }
-        std::string& column = row.*kGroups[g].column;
-        if (kGroups[g].kept_as_bits)
-            column = group;
-        else
-            column = value == 0 ? "00" : std::to_string(value);
+        for (std::size_t i = 0; i < 8; ++i)
+            if (bits[96 - (g * 8 + i) - 1]) group[i] = '1';
+        row.*kGroups[g].column = kGroups[g].kept_as_bits ? group : bus::BIN_A_DEC(group);
     }
 }
 
@@ -140,13 +131,9 @@ MessageBits read_message_bits(const store::LinkRow& row) {
     MessageBits bits;
     for (std::size_t g = 0; g < kGroups.size(); ++g) {
         const std::string& column = row.*kGroups[g].column;
-        int value = 0;
-        if (kGroups[g].kept_as_bits && column.size() == 8) {
-            for (std::size_t i = 0; i < 8; ++i)
-                if (column[i] == '1') value |= 128 >> i;
-        } else {
-            value = static_cast<int>(basic::val(column));
-        }
+        const int value = kGroups[g].kept_as_bits && column.size() == 8
+                              ? bus::bits_byte(column)
+                              : static_cast<int>(basic::val(column));
         for (std::size_t i = 0; i < 8; ++i)
             if (value & (128 >> i)) bits[96 - (g * 8 + i) - 1] = true;
     }

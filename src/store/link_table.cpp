@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "bus/conversions.hpp"
 #include "common/basic_functions.hpp"
 #include "store/project.hpp"
 #include "store/sqlite.hpp"
@@ -48,14 +49,6 @@ LinkRow row_from(const sqlite::Statement& q) {
     return r;
 }
 
-// The weekly bit string as its number, first character weighing 128.
-std::string bits_as_decimal(const std::string& bits) {
-    int value = 0;
-    for (std::size_t i = 0; i < bits.size() && i < 8; ++i)
-        if (bits[i] == '1') value |= 128 >> i;
-    return std::to_string(value);
-}
-
 const char* flag_if(const std::string& modo, std::size_t position, const char* text) {
     return mid(modo, position, 1) == "1" ? text : "";
 }
@@ -83,7 +76,8 @@ void LinkTable::LEGGI_LINK() {
         r.off_ = on_off_bus_value(r.off_);
         r.minuto = minuto_bus_value(r.minuto);
         // The message module keeps message bits here, not days of the week.
-        if (mid(r.identificativoRX, 5, 2) != "1E") r.settimana = bits_as_decimal(r.settimana);
+        if (mid(r.identificativoRX, 5, 2) != "1E")
+            r.settimana = std::to_string(bus::bits_byte(r.settimana));
         TABELLA_LINK.push_back(std::move(r));
     }
 }
