@@ -5,6 +5,7 @@
 #include "links/link_codes.hpp"
 #include "links/link_rows.hpp"
 #include "links/link_times.hpp"
+#include "support/sample_project.hpp"
 
 namespace filo::links {
 namespace {
@@ -114,23 +115,9 @@ TEST(LinkCodes, MessageBitsFillTwelveColumns) {
 }
 
 store::LinkRow main_row() {
-    store::LinkRow m;
-    m.identificativoRX = "002B25/3";
-    m.numero_uscita = "3";
-    m.nick_ricevente = "Luce sala ";
-    m.identificativoTX = "001A11/2";
-    m.numero_ingresso = "2";
-    m.nick_trasmittente = "Pulsante ";
-    m.opzione = "P";
-    m.modo_ = "000000112";
-    m.on_ = "251";
-    m.off_ = "8";
-    m.and_ = "00000000";
-    m.minuto = m.ora = m.giorno = "00";
-    m.settimana = "00000000";
+    store::LinkRow m = testing::switching_link("002B25/3", "001A11/2", "Luce sala ", "Pulsante ");
     m.dato13 = "001044";
     m.tempo_on1 = "1";
-    m.tempo_on2 = "0";
     return m;
 }
 

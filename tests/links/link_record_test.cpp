@@ -13,23 +13,7 @@ namespace {
 // The worked link: input 2 of 001A11, a pushbutton, drives output 3 of
 // 002B15 step by step, retriggerable, no option set.
 store::LinkRow worked_link() {
-    store::LinkRow r;
-    r.identificativoRX = "002B15/3";
-    r.numero_uscita = "3";
-    r.nick_ricevente = "Luce sala ";
-    r.identificativoTX = "001A11/2";
-    r.numero_ingresso = "2";
-    r.nick_trasmittente = "Pulsante ";
-    r.opzione = "P";
-    r.tempo_on1 = r.tempo_on2 = r.tempo_off1 = r.tempo_off2 = "0";
-    r.modo_ = "000000112";
-    r.on_ = "251";
-    r.off_ = "8";
-    r.and_ = "00000000";
-    r.minuto = r.ora = r.giorno = "00";
-    r.settimana = "00000000";
-    r.dato13 = "000000";
-    return r;
+    return testing::switching_link("002B15/3", "001A11/2", "Luce sala ", "Pulsante ");
 }
 
 bus::LinkRecord fields(const std::string& record) {

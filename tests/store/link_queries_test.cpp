@@ -63,17 +63,14 @@ TEST_F(LinkQueriesTest, CommandsOfAnOutputAsTheEditorListsThem) {
 }
 
 TEST_F(LinkQueriesTest, ALinkReadForEditingWithItsSecondSetOfValues) {
-    LinkRow& l = row("000125/1", "000211/1", "Pulsante", "P");
-    l.numero_uscita = "1";
+    LinkRow& l = links.LINK_CORRENTE;
+    l = testing::switching_link("000125/1", "000211/1", "", "Pulsante");
     l.tempo_on1 = "007";
     l.tempo_on2 = "3";
     l.tempo_off1 = "";
-    l.tempo_off2 = "0";
     l.modo_ = "000110012";
-    l.on_ = "251";
     l.off_ = "9";
     l.and_ = "10000000";
-    l.minuto = l.ora = l.giorno = "00";
     l.settimana = "10000000";
     l.dato13 = "";
     links.AGGIUNGI_LINK();

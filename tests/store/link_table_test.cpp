@@ -12,24 +12,8 @@ class LinkTableTest : public testing::StoreTest {
     // Appends a link row as the editor writes one; returns its ID.
     std::int64_t add(const std::string& rx, const std::string& tx,
                      const std::string& nick_tx = "Pulsante ", const std::string& note = "") {
-        LinkRow& l = links.LINK_CORRENTE;
-        l = LinkRow{};
-        l.identificativoRX = rx;
-        l.identificativoTX = tx;
-        l.numero_uscita = rx.substr(rx.find('/') + 1);
-        l.nick_ricevente = rx.empty() ? "" : "Luce ";
-        l.numero_ingresso = tx.substr(tx.find('/') + 1);
-        l.nick_trasmittente = nick_tx;
-        l.opzione = "P";
-        l.tempo_on1 = l.tempo_on2 = l.tempo_off1 = l.tempo_off2 = "0";
-        l.modo_ = "000000112";
-        l.on_ = "251";
-        l.off_ = "8";
-        l.note = note;
-        l.and_ = "00000000";
-        l.minuto = l.ora = l.giorno = "00";
-        l.settimana = "00000000";
-        l.dato13 = "000000";
+        links.LINK_CORRENTE = testing::switching_link(rx, tx, rx.empty() ? "" : "Luce ", nick_tx);
+        links.LINK_CORRENTE.note = note;
         links.AGGIUNGI_LINK();
         return links.PROSSIMO_ID_LINK - 1;
     }
