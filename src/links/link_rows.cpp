@@ -40,13 +40,6 @@ LinkShape shape_of_function(int funzione) {
     }
 }
 
-store::LinkRow second_page(const store::LinkRow& main) {
-    store::LinkRow r;
-    r.note = std::string(store::kSecondaPagina);
-    r.dato13 = main.dato13;
-    return r;
-}
-
 store::LinkRow channel_row(const store::LinkRow& main, const ChannelValues& v) {
     store::LinkRow r = main;
     r.ID = 0;

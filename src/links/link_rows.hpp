@@ -10,7 +10,7 @@ namespace filo::links {
 
 // How the link editor stores a link, by the FUNZIONE of its mode.
 enum class LinkShape {
-    Plain,          // main row, second page
+    Plain,          // main row, second page (store::second_page)
     PlainUntimed,   // thermostat and power modes: no retrigger, then plain
     WithReference,  // main row, second page, reference row, second page
     Dimmer,         // main row, channel row
@@ -18,9 +18,6 @@ enum class LinkShape {
     Nothing,        // modes that store no link
 };
 LinkShape shape_of_function(int funzione);
-
-// The second page of a main row: empty but for its note and dato13.
-store::LinkRow second_page(const store::LinkRow& main);
 
 // The values a channel row carries for a dimmer or RGB channel: the ramp of
 // the advanced options.

@@ -22,6 +22,13 @@ bool is_continuation(const LinkRow& row) {
            row.nick_trasmittente == kNetGate || row.nick_trasmittente == kSecondaRiga;
 }
 
+LinkRow second_page(const LinkRow& main) {
+    LinkRow r;
+    r.note = std::string(kSecondaPagina);
+    r.dato13 = main.dato13;
+    return r;
+}
+
 std::string on_off_bus_value(const std::string& stored) {
     if (!stored.starts_with('/')) return stored;
     return std::to_string(percent_of(stored, 242) + 9);

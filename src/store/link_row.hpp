@@ -43,6 +43,8 @@ inline constexpr std::string_view kImpostaValoreRiferimento = "IMPOSTA IL VALORE
 // Whether a row continues the link above it: a second page or a channel
 // row, or the gateway row that a reference link carries behind it.
 bool is_continuation(const LinkRow& row);
+// The second page of a main row: empty but for its note and dato13.
+LinkRow second_page(const LinkRow& main);
 
 // The bus value of an on_ or off_ column: "/nnn" is nnn per cent, 0 % being
 // 9 (off) and 100 % 251 (on); any other text is taken as it stands.

@@ -71,9 +71,7 @@ void Powerline::GENERA_ASSOCIAZIONE_PWLINE(std::string_view codice, std::string_
 
     sqlite::Transaction t(project_.database());
     links_.AGGIUNGI_LINK();
-    lk = LinkRow{};
-    lk.note = kSecondaPagina;
-    lk.dato13 = "000000";
+    lk = second_page(lk);
     links_.AGGIUNGI_LINK();
     t.commit();
 }

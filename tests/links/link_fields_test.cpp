@@ -122,7 +122,7 @@ store::LinkRow main_row() {
 }
 
 TEST(LinkRows, ContinuationRowsOfEachShape) {
-    store::LinkRow second = second_page(main_row());
+    store::LinkRow second = store::second_page(main_row());
     EXPECT_EQ(second.note, "SECONDA PAGINA");
     EXPECT_EQ(second.dato13, "001044");
     EXPECT_EQ(second.identificativoRX, "");  // no receiver: never programmed
