@@ -25,9 +25,9 @@ enum class ContactList { ListsA, OpenOrClosed, OpenOnly, None };
 enum class NamesShown { Outputs, OutputsAndFlags, LinkTestOnly, None };
 enum class SpecialOptions { None, Channels, Reader, CodeFlag };
 
-// A box of the options page: Text4(box) edits field P<field> of the module.
+// A box of the options page, in page order: it edits field P<field> of the
+// module. A box with field 0 is not on the page.
 struct ParameterBox {
-    int box = 0;
     int field = 0;
     texts::Text caption{};
     std::string_view default_value;  // shown when the stored value is 0; "" for none
@@ -38,10 +38,8 @@ struct DescriptionModel {
     KindList kinds;
     ContactList contacts;
     NamesShown names;
-    std::uint8_t fields_read;     // bit n-1 for P<n>
     std::uint8_t fields_written;  // bit n-1 for P<n>
     std::array<ParameterBox, 6> boxes;
-    int box_count;
     std::uint8_t hidden_contacts;  // bit j-1: the contact list of output j is hidden
     std::uint8_t hidden_marks;     // bit j-1: the option button of output j is hidden
     bool mark_test;                // outputs with options set are marked
