@@ -2,23 +2,17 @@
 // installation answering on the port the application reads through Qt.
 #include "app/demo.hpp"
 
-#include "app/qt_port_host.hpp"
 #include "bus/checksum.hpp"
 #include "bus/conversions.hpp"
 #include "commissioning/scan.hpp"
 #include "gui/gui_fixture.hpp"
-#include "platform/clock.hpp"
 
 namespace filo::testing {
 namespace {
 
-TEST(Demo, OpensItsProjectOnLineAndEveryModuleAnswersTheProbe) {
-    TempDir dir;
-    bus::ReceiveAssembler receiver;
-    platform::SteadyClock clock;
-    app::QtPortHost host(receiver, clock);
-    RecordingMessages messages;
-    app::Session session(dir.path(), host, receiver, messages);
+using Demo = QtLineTest;
+
+TEST_F(Demo, OpensItsProjectOnLineAndEveryModuleAnswersTheProbe) {
     app::Demo demo(session);
     ASSERT_TRUE(demo.start());
     EXPECT_TRUE(messages.shown.empty());
@@ -40,8 +34,8 @@ TEST(Demo, OpensItsProjectOnLineAndEveryModuleAnswersTheProbe) {
     for (const std::string& code : expected) {
         const std::size_t before = found.size();
         const std::string probe = "[A00" + code.substr(2, 2) + "0000]";
-        host.write(bus::with_checksum(probe) + '\0');
-        host.serve_until(clock.now() + 2.0, [&] { return found.size() > before; });
+        port.write(bus::with_checksum(probe) + '\0');
+        port.serve_until(clock.now() + 2.0, [&] { return found.size() > before; });
     }
     receiver.set_consumer(bus::ReceiveAssembler::Consumer::Sweep, {});
     EXPECT_EQ(found, expected);

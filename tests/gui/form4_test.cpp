@@ -3,7 +3,6 @@
 // simulated installation over a pseudo-terminal.
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
@@ -17,20 +16,14 @@
 #include <QToolButton>
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 #include "app/demo.hpp"
 #include "app/form3.hpp"
 #include "app/form4.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/programming_window.hpp"
-#include "app/project_errors.hpp"
-#include "app/qt_port_host.hpp"
 #include "gui/gui_fixture.hpp"
 #include "links/link_record.hpp"
-#include "platform/clock.hpp"
-#include "sim/installation.hpp"
 #include "sim/sim_server.hpp"
 #include "sim/simulator.hpp"
 #include "store/link_table.hpp"
@@ -268,11 +261,9 @@ TEST_F(ProgrammingWindowTest, TheSavedReportIsNamedToTheInstaller) {
     EXPECT_EQ(file.parent_path(), dir.path());
     EXPECT_EQ(file.filename().string().rfind("casa ", 0), 0u);
     EXPECT_TRUE(file.filename().string().ends_with(" REPORT.txt"));
-    std::ifstream in(file, std::ios::binary);
-    std::stringstream content;
-    content << in.rdbuf();
-    EXPECT_EQ(content.str(), window().report().file_text());
-    EXPECT_NE(content.str().find("Modulo n° 002014 reset NO / /"), std::string::npos);
+    const std::string content = read_file(file);
+    EXPECT_EQ(content, window().report().file_text());
+    EXPECT_NE(content.find("Modulo n° 002014 reset NO / /"), std::string::npos);
 }
 
 TEST_F(ProgrammingWindowTest, APortLostMidRunEndsItAndTheWindowStaysUsable) {
@@ -355,13 +346,6 @@ TEST_F(ProgrammingWindowTest, ShortMessageFramesAndHelp) {
               "Quindi programma il tuo impianto");
 }
 
-template <typename T = QWidget>
-T* child(QWidget* parent, const char* name) {
-    T* found = parent->findChild<T*>(name);
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-}
-
 TEST_F(ProgrammingWindowTest, TheViewShowsTheRunAndForwardsClicks) {
     app::Form4 form(session);
     form.resize(1000, 640);
@@ -419,9 +403,7 @@ TEST_F(ProgrammingWindowTest, TheViewShowsTheRunAndForwardsClicks) {
 }
 
 TEST_F(ProgrammingWindowTest, OpensOverTheProjectWindowAndGivesItBack) {
-    app::AppServices services;
-    services.exec_dialog = [](QDialog& dialog) { return dialog.result(); };
-    app::MDIForm1 main(session, services);
+    app::MDIForm1 main(session, services_without_dialogs());
     main.show();
     ASSERT_TRUE(main.show_project());
     auto* stack = main.findChild<QStackedWidget*>();
@@ -445,19 +427,12 @@ TEST_F(ProgrammingWindowTest, OpensOverTheProjectWindowAndGivesItBack) {
 
 // The application over a real pseudo-terminal: the demo project, with two
 // links, programmed into its simulated installation from the project window.
-TEST(ProgrammingWindowEndToEnd, TheSimulatedModulesHoldWhatTheProjectSays) {
-    TempDir dir;
-    bus::ReceiveAssembler receiver;
-    platform::SteadyClock clock;
-    app::QtPortHost port(receiver, clock);
-    RecordingMessages messages;
-    app::Session session(dir.path(), port, receiver, messages);
-    session.LIVELLO = 3;
-    app::make_demo_project(session);
-    const auto file = session.files.project_path(app::kDemoProject);
+using ProgrammingWindowEndToEnd = DemoInstallationTest;
+
+TEST_F(ProgrammingWindowEndToEnd, TheSimulatedModulesHoldWhatTheProjectSays) {
     {
         store::Project project;
-        project.open(file);
+        project.open(demo_file);
         store::LinkTable links(project);
         links.LINK_CORRENTE =
             switching_link("001015/9", "001015/1", "Luce cucina", "Pulsante cucina");
@@ -466,21 +441,10 @@ TEST(ProgrammingWindowEndToEnd, TheSimulatedModulesHoldWhatTheProjectSays) {
             switching_link("003005/9", "004019/1", "Lampada soggiorno", "Sensore luce giardino");
         links.AGGIUNGI_LINK();
     }
-    ASSERT_TRUE(app::open_project_file(session, file));
-    sim::Simulator simulator(sim::make_installation(sim::bus_codes_of_project(file), {}),
-                             sim::Faults{});
-    sim::SimServer server(simulator);
-    server.start();
-    ASSERT_TRUE(session.use_port(server.path()));
-
-    app::AppServices services;
-    services.exec_dialog = [](QDialog& dialog) { return dialog.result(); };
-    app::MDIForm1 main(session, services);
-    main.resize(1180, 760);
-    main.show();
-    ASSERT_TRUE(main.show_project());
-    QTest::mouseClick(child<QToolButton>(main.form3(), "Image1_4"), Qt::LeftButton);
-    auto* form = qobject_cast<app::Form4*>(main.findChild<QStackedWidget*>()->currentWidget());
+    ASSERT_NO_FATAL_FAILURE(connect_installation());
+    ASSERT_NO_FATAL_FAILURE(show_project_window(QSize(1180, 760)));
+    QTest::mouseClick(child<QToolButton>(main->form3(), "Image1_4"), Qt::LeftButton);
+    auto* form = qobject_cast<app::Form4*>(main->findChild<QStackedWidget*>()->currentWidget());
     ASSERT_NE(form, nullptr);
     const ProgrammingWindow& w = form->tool();
     ASSERT_TRUE(QTest::qWaitFor([&] { return w.runs == 1 && !w.in_progress(); }, 60000));
@@ -500,7 +464,7 @@ TEST(ProgrammingWindowEndToEnd, TheSimulatedModulesHoldWhatTheProjectSays) {
         if (!image.RECORD_LINK.empty()) records.push_back(image.RECORD_LINK);
     }
     ASSERT_EQ(records.size(), 2u);
-    server.inspect([&](const sim::Simulator& s) {
+    server->inspect([&](const sim::Simulator& s) {
         EXPECT_EQ(s.links(), records);
         EXPECT_GT(s.programming_opened(), 0);
         EXPECT_GT(s.programming_closed(), 0);
@@ -522,10 +486,10 @@ TEST(ProgrammingWindowEndToEnd, TheSimulatedModulesHoldWhatTheProjectSays) {
     if (const char* picture = std::getenv("FILO_FORM4_SCREENSHOT")) {
         QTest::mouseClick(child<QToolButton>(form, "Image1_1"), Qt::LeftButton);
         QTest::qWait(100);
-        EXPECT_TRUE(main.grab().save(picture));
+        EXPECT_TRUE(main->grab().save(picture));
     }
     QTest::mouseClick(child<QToolButton>(form, "Image1_2"), Qt::LeftButton);
-    EXPECT_EQ(main.findChild<QStackedWidget*>()->currentWidget(), main.form3());
+    EXPECT_EQ(main->findChild<QStackedWidget*>()->currentWidget(), main->form3());
 }
 
 }  // namespace

@@ -1,8 +1,15 @@
 #include "gui/gui_fixture.hpp"
 
+#include <QDialog>
+
+#include "app/demo.hpp"
+#include "app/mdi_form1.hpp"
 #include "app/module_entry.hpp"
 #include "app/project_errors.hpp"
 #include "bus/frame_builder.hpp"
+#include "sim/installation.hpp"
+#include "sim/sim_server.hpp"
+#include "sim/simulator.hpp"
 
 namespace filo::testing {
 
@@ -37,6 +44,37 @@ std::vector<std::string> SessionTest::shown_texts() const {
     std::vector<std::string> texts;
     for (const Shown& s : messages.shown) texts.push_back(s.text);
     return texts;
+}
+
+app::AppServices services_without_dialogs() {
+    app::AppServices services;
+    services.exec_dialog = [](QDialog& dialog) { return dialog.result(); };
+    return services;
+}
+
+DemoInstallationTest::DemoInstallationTest() {
+    session.LIVELLO = 3;
+    app::make_demo_project(session);
+    demo_file = session.files.project_path(app::kDemoProject);
+}
+
+DemoInstallationTest::~DemoInstallationTest() = default;
+
+void DemoInstallationTest::connect_installation(std::vector<std::string> also_on_bus) {
+    ASSERT_TRUE(app::open_project_file(session, demo_file));
+    std::vector<std::string> on_bus = sim::bus_codes_of_project(demo_file);
+    on_bus.insert(on_bus.end(), also_on_bus.begin(), also_on_bus.end());
+    simulator = std::make_unique<sim::Simulator>(sim::make_installation(on_bus, {}), sim::Faults{});
+    server = std::make_unique<sim::SimServer>(*simulator);
+    server->start();
+    ASSERT_TRUE(session.use_port(server->path()));
+}
+
+void DemoInstallationTest::show_project_window(QSize size) {
+    main = std::make_unique<app::MDIForm1>(session, services_without_dialogs());
+    if (size.isValid()) main->resize(size);
+    main->show();
+    ASSERT_TRUE(main->show_project());
 }
 
 }  // namespace filo::testing

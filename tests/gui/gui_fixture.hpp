@@ -3,20 +3,43 @@
 // answered from a script, for the windows and their tool objects.
 #include <gtest/gtest.h>
 
+#include <QSize>
+#include <QWidget>
 #include <deque>
+#include <filesystem>
+#include <memory>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "app/port_host.hpp"
+#include "app/qt_port_host.hpp"
 #include "app/session.hpp"
 #include "bus/receive_assembler.hpp"
 #include "bus/virtual_line.hpp"
+#include "platform/clock.hpp"
 #include "platform/serial_port.hpp"
 #include "support/temp_dir.hpp"
 
+namespace filo::sim {
+class Simulator;
+class SimServer;
+}  // namespace filo::sim
+namespace filo::app {
+class MDIForm1;
+struct AppServices;
+}  // namespace filo::app
+
 namespace filo::testing {
+
+// The child of that objectName, which must be there.
+template <typename T = QWidget>
+T* child(QWidget* parent, const char* name) {
+    T* found = parent->findChild<T*>(name);
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+}
 
 struct Shown {
     std::string text;
@@ -78,6 +101,41 @@ class SessionTest : public ::testing::Test {
     FakePortHost port{line};
     RecordingMessages messages;
     app::Session session{dir.path(), port, receiver, messages};
+};
+
+// The main window's services when no modal dialog is to be answered: each
+// ends at once with its result.
+app::AppServices services_without_dialogs();
+
+// A session on the application's own line: the port read through Qt's event
+// loop, for a pseudo-terminal served in this process.
+class QtLineTest : public ::testing::Test {
+  protected:
+    TempDir dir;
+    bus::ReceiveAssembler receiver;
+    platform::SteadyClock clock;
+    app::QtPortHost port{receiver, clock};
+    RecordingMessages messages;
+    app::Session session{dir.path(), port, receiver, messages};
+};
+
+// The demo project, made in the data directory; its simulated installation
+// on a real pseudo-terminal and the main window on its project window, as
+// the test asks for them.
+class DemoInstallationTest : public QtLineTest {
+  protected:
+    DemoInstallationTest();
+    ~DemoInstallationTest() override;
+    // Opens the demo project and serves the modules it holds, and those
+    // also on the bus, on the port in use.
+    void connect_installation(std::vector<std::string> also_on_bus = {});
+    // The main window, of the given size if any, on the project window.
+    void show_project_window(QSize size = {});
+
+    std::filesystem::path demo_file;
+    std::unique_ptr<sim::Simulator> simulator;
+    std::unique_ptr<sim::SimServer> server;
+    std::unique_ptr<app::MDIForm1> main;
 };
 
 }  // namespace filo::testing

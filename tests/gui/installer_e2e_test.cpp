@@ -1,7 +1,6 @@
 // What a new installer does first, end to end: the demo project and its
 // simulated installation on a real pseudo-terminal, a scan that finds the
 // module the project lacks, the module entered, the installation programmed.
-#include <QDialog>
 #include <QStackedWidget>
 #include <QTest>
 #include <QToolButton>
@@ -12,42 +11,20 @@
 #include "app/form4.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/programming_window.hpp"
-#include "app/project_errors.hpp"
 #include "app/project_hub.hpp"
-#include "app/qt_port_host.hpp"
 #include "gui/gui_fixture.hpp"
-#include "platform/clock.hpp"
-#include "sim/installation.hpp"
 #include "sim/sim_server.hpp"
 #include "sim/simulator.hpp"
 
 namespace filo::testing {
 namespace {
 
-TEST(InstallerEndToEnd, TheScanEntersTheNewModuleAndTheRunProgramsIt) {
-    TempDir dir;
-    bus::ReceiveAssembler receiver;
-    platform::SteadyClock clock;
-    app::QtPortHost port(receiver, clock);
-    RecordingMessages messages;
-    app::Session session(dir.path(), port, receiver, messages);
-    session.LIVELLO = 3;
-    app::make_demo_project(session);
-    const auto file = session.files.project_path(app::kDemoProject);
-    ASSERT_TRUE(app::open_project_file(session, file));
-    std::vector<std::string> on_bus = sim::bus_codes_of_project(file);
-    on_bus.push_back(app::kDemoSpareModule);
-    sim::Simulator simulator(sim::make_installation(on_bus, {}), sim::Faults{});
-    sim::SimServer server(simulator);
-    server.start();
-    ASSERT_TRUE(session.use_port(server.path()));
+using InstallerEndToEnd = DemoInstallationTest;
 
-    app::AppServices services;
-    services.exec_dialog = [](QDialog& dialog) { return dialog.result(); };
-    app::MDIForm1 main(session, services);
-    main.show();
-    ASSERT_TRUE(main.show_project());
-    app::ProjectHub& hub = main.form3()->tool();
+TEST_F(InstallerEndToEnd, TheScanEntersTheNewModuleAndTheRunProgramsIt) {
+    ASSERT_NO_FATAL_FAILURE(connect_installation({app::kDemoSpareModule}));
+    ASSERT_NO_FATAL_FAILURE(show_project_window());
+    app::ProjectHub& hub = main->form3()->tool();
 
     // Insert what the scan found; don't suspend after the first.
     messages.answers = {true, false};
@@ -68,13 +45,13 @@ TEST(InstallerEndToEnd, TheScanEntersTheNewModuleAndTheRunProgramsIt) {
                         app::kDemoSpareModule),
               session.modules.ELENCO_CODICI.end());
 
-    QTest::mouseClick(main.form3()->findChild<QToolButton*>("Image1_4"), Qt::LeftButton);
-    auto* form = qobject_cast<app::Form4*>(main.findChild<QStackedWidget*>()->currentWidget());
+    QTest::mouseClick(main->form3()->findChild<QToolButton*>("Image1_4"), Qt::LeftButton);
+    auto* form = qobject_cast<app::Form4*>(main->findChild<QStackedWidget*>()->currentWidget());
     ASSERT_NE(form, nullptr);
     const app::ProgrammingWindow& run = form->tool();
     ASSERT_TRUE(QTest::qWaitFor([&] { return run.runs == 1 && !run.in_progress(); }, 60000));
     EXPECT_EQ(run.report().N_ERRORI, 0);
-    server.inspect([&](const sim::Simulator& s) {
+    server->inspect([&](const sim::Simulator& s) {
         for (const sim::SimModule& m : s.modules()) {
             SCOPED_TRACE(m.code);
             EXPECT_EQ(m.resets, 1);  // the new module too: it is in the project now

@@ -19,13 +19,6 @@
 namespace filo::testing {
 namespace {
 
-template <typename T = QWidget>
-T* child(QWidget* parent, const char* name) {
-    T* found = parent->findChild<T*>(name);
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-}
-
 class WindowsTest : public SessionTest {
   protected:
     WindowsTest() {
