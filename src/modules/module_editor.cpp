@@ -37,10 +37,6 @@ char32_t next_character(std::string_view s, std::size_t& i) {
     return value;
 }
 
-bool flag_type(std::string_view type) {
-    return type == "11" || type == "12" || type == "15" || type == "25";
-}
-
 }  // namespace
 
 bool is_name_character(char32_t c) {
@@ -239,7 +235,7 @@ EditRefusal ModuleEditor::set_parameter(int row, std::string_view field, std::st
     if (name == "ON" || name == "OFF" || name == "EMERGENCY") {
         if (!is_output(row) || row > 16) return EditRefusal::ParameterNotOffered;
         // The values of a relay's event are kept by the modules with flags.
-        if (name != "EMERGENCY" && !flag_type(type_->code)) return EditRefusal::ParameterNotOffered;
+        if (name != "EMERGENCY" && !has_flags(*type_)) return EditRefusal::ParameterNotOffered;
         OutputValues v = read_output_values(m.riga(row).riserva2);
         const int number = static_cast<int>(basic::val(held));
         if (name == "ON")

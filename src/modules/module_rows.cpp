@@ -23,10 +23,6 @@ store::NickRow blank_row(const store::ModuleTable& t, int k) {
     return r;
 }
 
-bool has_flag_rows(std::string_view type) {
-    return type == "11" || type == "12" || type == "15" || type == "25";
-}
-
 // The video door pages' notes, by page and row.
 std::string video_door_note(std::string_view page, int row) {
     if (page == "FFF023") return "PAGINA 1 VIDEOCITOFONO";
@@ -60,7 +56,8 @@ void CREA_RIGHE_INGRESSI(store::ModuleTable& t, std::string_view tipologia, std:
 
 void CREA_RIGHE_USCITE(store::ModuleTable& t, std::string_view tipologia) {
     const std::string type = type_of(t);
-    const int rows = has_flag_rows(type) ? 32 : 16;
+    const ModuleType* known = find_type(type);
+    const int rows = known && has_flags(*known) ? 32 : 16;
     t.RIGHE_MODULO.rows.resize(8);
     t.RIGHE_MODULO.M_NICK_NUMERICO = std::to_string(t.N_PROGRESSIVO + 1);
     for (int k = 9; k <= rows; ++k) {

@@ -70,6 +70,12 @@ struct ModuleType {
     std::uint8_t buttons;
 };
 
+// The relay modules with flags: the flag page, the flag rows 17 to 32 of a
+// new module, and the on and off values of their relays' events.
+inline bool has_flags(const ModuleType& type) {
+    return (type.buttons & kFlagPageButton) != 0;
+}
+
 // The type of a code ("1F" or a whole module code's characters 5 and 6);
 // null for a type without description.
 const ModuleType* find_type(std::string_view type_code);
