@@ -72,13 +72,10 @@ void ProgrammingRun::PROGRAMMA_IMPIANTO() {
     // when the port goes: the guard leaves the run closed either way.
     struct Closing {
         ProgrammingRun& run;
-        bool done = false;
         ~Closing() {
-            if (!done) {
-                run.PROGRAMMAZIONE_IN_CORSO.clear();
-                run.line_.ULTIMA_ATTIVAZIONE.reset();
-                run.line_.on_answer = nullptr;
-            }
+            run.PROGRAMMAZIONE_IN_CORSO.clear();
+            run.line_.ULTIMA_ATTIVAZIONE.reset();
+            run.line_.on_answer = nullptr;
         }
     } closing{*this};
 
@@ -97,7 +94,6 @@ void ProgrammingRun::PROGRAMMA_IMPIANTO() {
         send_temperature_presets();
     }
     finish();
-    closing.done = true;
 }
 
 void ProgrammingRun::start() {
@@ -123,16 +119,17 @@ void ProgrammingRun::start() {
 void ProgrammingRun::finish() {
     line_.ATTESA(0.3);
     line_.CHIUDI_PROGRAMMAZIONE();
-    PROGRAMMAZIONE_IN_CORSO.clear();
-    line_.ULTIMA_ATTIVAZIONE.reset();
-    line_.on_answer = nullptr;
+}
+
+void ProgrammingRun::enter_phase(int number, const char* fase, const char* caption) {
+    FASE_CORRENTE = fase;
+    progress_.phase = number;
+    progress_.fase = FASE_CORRENTE;
+    progress_.caption = caption;
 }
 
 bool ProgrammingRun::module_phase(const ModulePhase& phase) {
-    FASE_CORRENTE = phase.fase;
-    progress_.phase = phase.number;
-    progress_.fase = FASE_CORRENTE;
-    progress_.caption = phase.caption;
+    enter_phase(phase.number, phase.fase, phase.caption);
     for (MODULO_CORRENTE = 1; MODULO_CORRENTE <= modules_->N_MODULI; ++MODULO_CORRENTE) {
         // The reset phase renews programming mode at every module.
         if (phase.number == 1) line_.ATTIVA_PROGRAMMAZIONE();

@@ -85,6 +85,9 @@ class ProgrammingRun {
 
     void start();
     void finish();
+    // FASE_CORRENTE and the progress of a phase; caption "" for a phase
+    // without a caption of its own.
+    void enter_phase(int number, const char* fase, const char* caption = "");
     // Runs a phase that loops over the places; false when the stop test
     // after it asks the run to end.
     bool module_phase(const ModulePhase& phase);

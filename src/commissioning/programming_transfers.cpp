@@ -30,10 +30,7 @@ std::uint16_t address_of(std::string_view codice) {
 }  // namespace
 
 void ProgrammingRun::PROGRAMMA_RADIO() {
-    FASE_CORRENTE = " autoapprendimento ";
-    progress_.phase = 8;
-    progress_.fase = FASE_CORRENTE;
-    progress_.caption.clear();
+    enter_phase(8, " autoapprendimento ");
     for (MODULO_CORRENTE = 1; MODULO_CORRENTE <= modules_->N_MODULI; ++MODULO_CORRENTE) {
         PROSSIMO_MODULO();
         if (INDIRIZZO_MODULO == "0000" || TIPO_MODULO != "4A") continue;
@@ -51,9 +48,7 @@ void ProgrammingRun::PROGRAMMA_RADIO() {
 }
 
 void ProgrammingRun::TRASMETTI_TESTI() {
-    FASE_CORRENTE = " Testi ";
-    progress_.phase = 13;
-    progress_.fase = FASE_CORRENTE;
+    enter_phase(13, " Testi ");
     lists_->CERCA_TESTI();
     for (const store::TestoSeriale& t : lists_->TESTI) {
         CODICE_MODULO = t.codice;
@@ -81,9 +76,7 @@ void ProgrammingRun::INVIA_TESTO(const std::string& address, int record, const s
 }
 
 void ProgrammingRun::send_cards() {
-    FASE_CORRENTE = " CARD ";
-    progress_.phase = 14;
-    progress_.fase = FASE_CORRENTE;
+    enter_phase(14, " CARD ");
     for (const std::string& codice : modules_->ELENCO_CODICI) {
         if (mid(codice, 5, 2) != "1A") continue;
         INDIRIZZO_MODULO = std::string(mid(codice, 1, 4));
@@ -105,9 +98,7 @@ void ProgrammingRun::send_cards() {
 }
 
 void ProgrammingRun::send_links() {
-    FASE_CORRENTE = " Associazioni ";
-    progress_.phase = 15;
-    progress_.fase = FASE_CORRENTE;
+    enter_phase(15, " Associazioni ");
     links_->LEGGI_LINK();
     const int n_link = links_->N_LINK();
     if (n_link == 0) return;
@@ -130,9 +121,7 @@ void ProgrammingRun::send_links() {
 }
 
 void ProgrammingRun::send_temperature_presets() {
-    FASE_CORRENTE = " preset temperatura ";
-    progress_.phase = 16;
-    progress_.fase = FASE_CORRENTE;
+    enter_phase(16, " preset temperatura ");
     links::LinkImage image;
     for (int n = 1; n <= links_->N_LINK(); ++n) {
         if (!links::LEGGIprossimoLINK(*links_, n, image)) continue;
