@@ -1,9 +1,9 @@
 #include <ostream>
 
 #include "bus/checksum.hpp"
-#include "bus/frame.hpp"
 #include "bus/module_code.hpp"
 #include "cli/commands.hpp"
+#include "cli/line_steps.hpp"
 
 namespace filo::cli {
 
@@ -20,11 +20,8 @@ int module_code(Context& context, const std::string& typed) {
 }
 
 int frame_with_checksum(Context& context, const std::string& frame) {
-    const bool framed =
-        frame.size() >= 2 &&
-        (frame.front() == bus::kStartMark || frame.front() == bus::kSweepStartMark) &&
-        frame.back() == bus::kEndMark;
-    if (!framed) throw UserError(context.texts.text(texts::Text::FRAME_NOT_VALID));
+    if (!is_bracketed_frame(frame))
+        throw UserError(context.texts.text(texts::Text::FRAME_NOT_VALID));
     context.out << bus::with_checksum(frame) << '\n';
     return kExitOk;
 }

@@ -1,26 +1,35 @@
 // ports, connect and send: the line to the programmer from the command line.
 #include <ostream>
 
+#include "bus/frame.hpp"
 #include "bus/line.hpp"
 #include "bus/port_line.hpp"
 #include "bus/programmer_search.hpp"
 #include "bus/receive_assembler.hpp"
 #include "cli/commands.hpp"
+#include "cli/line_steps.hpp"
 #include "commissioning/run_report.hpp"
 #include "platform/clock.hpp"
 #include "platform/data_directory.hpp"
 #include "platform/serial_port.hpp"
 
 namespace filo::cli {
-namespace {
 
 using texts::Text;
 
-bool is_frame(const std::string& f) {
-    return f.size() >= 2 && (f.front() == '(' || f.front() == '[') && f.back() == ']';
+bool is_bracketed_frame(std::string_view frame) {
+    return frame.size() >= 2 &&
+           (frame.front() == bus::kStartMark || frame.front() == bus::kSweepStartMark) &&
+           frame.back() == bus::kEndMark;
 }
 
-}  // namespace
+std::unique_ptr<platform::SerialPort> open_port(const Context& context, const std::string& path) {
+    try {
+        return platform::open_serial_port(path);
+    } catch (const platform::PortError& e) {
+        throw UserError(context.texts.text(Text::PORT_NOT_OPENED) + e.what());
+    }
+}
 
 int list_ports(Context& context) {
     for (const platform::PortInfo& p : platform::list_serial_ports())
@@ -47,13 +56,9 @@ int connect(Context& context, const std::string& port) {
 }
 
 int send_frame(Context& context, const SendRequest& request) {
-    if (!is_frame(request.frame)) throw UserError(context.texts.text(Text::FRAME_NOT_VALID));
-    std::unique_ptr<platform::SerialPort> port;
-    try {
-        port = platform::open_serial_port(request.port);
-    } catch (const platform::PortError& e) {
-        throw UserError(context.texts.text(Text::PORT_NOT_OPENED) + e.what());
-    }
+    if (!is_bracketed_frame(request.frame))
+        throw UserError(context.texts.text(Text::FRAME_NOT_VALID));
+    const std::unique_ptr<platform::SerialPort> port = open_port(context, request.port);
     platform::SteadyClock clock;
     bus::ReceiveAssembler receiver;
     bus::PortLine io(*port, receiver, clock);

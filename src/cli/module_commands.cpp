@@ -38,9 +38,8 @@ int add_module(Context& context, const ModuleRequest& request) {
         throw UserError(t.text(Text::CODE_NOT_CORRECT));
     const std::string code = typed->substr(0, 6);
     const std::string type = code.substr(4, 2);
-    if (!modules::refused_name_character(request.note).empty())
-        throw UserError(t.text(Text::NAME_CHARACTERS_REFUSED) +
-                        modules::refused_name_character(request.note));
+    const std::string refused = modules::refused_name_character(request.note);
+    if (!refused.empty()) throw UserError(t.text(Text::NAME_CHARACTERS_REFUSED) + refused);
 
     store::Project project;
     project.open(request.project);

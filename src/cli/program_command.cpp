@@ -12,6 +12,7 @@
 #include "bus/receive_assembler.hpp"
 #include "bus/virtual_line.hpp"
 #include "cli/commands.hpp"
+#include "cli/line_steps.hpp"
 #include "commissioning/programming_run.hpp"
 #include "commissioning/run_report.hpp"
 #include "platform/clock.hpp"
@@ -143,11 +144,7 @@ int program_installation(Context& context, const ProgramRequest& request) {
         io = std::move(virtual_line);
     } else {
         if (request.port.empty()) throw UserError(context.texts.text(Text::PROGRAMMER_NOT_FOUND));
-        try {
-            port = platform::open_serial_port(request.port);
-        } catch (const platform::PortError& e) {
-            throw UserError(context.texts.text(Text::PORT_NOT_OPENED) + e.what());
-        }
+        port = open_port(context, request.port);
         clock = std::make_unique<platform::SteadyClock>();
         io = std::make_unique<bus::PortLine>(*port, receiver, *clock);
     }
