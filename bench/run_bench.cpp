@@ -50,7 +50,6 @@ struct GeneratedProject {
 double protocol_seconds(store::Project& project, bool with_line_time) {
     bus::ReceiveAssembler receiver;
     bus::VirtualLine io(receiver);
-    const bus::VirtualLine::Peer ok = bus::answers_ok();
     io.set_peer([&](bus::VirtualLine& l, std::string_view written) {
         const bool asks = written.size() >= 2 && written[written.size() - 1] == '_';
         if (asks) l.reply("OK", with_line_time ? (written.size() + 2) * kSecondsPerCharacter : 0);
