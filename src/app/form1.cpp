@@ -55,40 +55,24 @@ Form1::Form1(Session& session, QWidget* parent)
     auto* commands = new QGridLayout;
     commands->setVerticalSpacing(10);
     for (int i = 0; i < 4; ++i) {
-        auto* button = new QToolButton(this);
-        button->setObjectName(QString("Image4_%1").arg(i));
-        button->setIcon(entry_icon(this, kEntryIcons[i]));
-        button->setIconSize(QSize(40, 40));
-        button->setAutoRaise(true);
-        auto* caption = new QLabel(this);
-        caption->setObjectName(kCaptionNames[i]);
-        QFont f = caption->font();
-        f.setPointSize(f.pointSize() + 3);
-        caption->setFont(f);
-        pair_caption(caption, button);
-        on_hover(button, [this, i] {
+        const Command entry = add_command(this, commands, i, QString("Image4_%1").arg(i),
+                                          kEntryIcons[i], 40, kCaptionNames[i], 3);
+        on_hover(entry.button, [this, i] {
             tool_->hover_entry(static_cast<MainMenu::Entry>(i));
             Label10_->setText(qs(tool_->Label10));
         });
-        connect(button, &QToolButton::clicked, this, [this, i] { entry_clicked(i); });
-        commands->addWidget(button, i, 0);
-        commands->addWidget(caption, i, 1);
-        Image4_[static_cast<std::size_t>(i)] = button;
-        captions_[static_cast<std::size_t>(i)] = caption;
+        connect(entry.button, &QToolButton::clicked, this, [this, i] { entry_clicked(i); });
+        Image4_[static_cast<std::size_t>(i)] = entry.button;
+        captions_[static_cast<std::size_t>(i)] = entry.caption;
     }
     commands->setRowStretch(4, 1);
     middle->addLayout(commands, 2);
 
     Frame1_ = new QGroupBox(this);
     Frame1_->setObjectName("Frame1");
-    auto* help = new QVBoxLayout(Frame1_);
-    Label10_ = new QLabel(Frame1_);
-    Label10_->setObjectName("Label10");
-    Label10_->setWordWrap(true);
-    Label10_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    Label10_ = add_help_label(Frame1_, "Label10");
     Label10_->setMinimumWidth(280);
     Label10_->setMinimumHeight(140);
-    help->addWidget(Label10_);
     auto* help_column = new QVBoxLayout;
     help_column->addWidget(Frame1_);
     help_column->addStretch();

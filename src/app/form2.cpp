@@ -58,38 +58,24 @@ Form2::Form2(Session& session, QWidget* parent)
                                      Text::HELP_BACK_WITHOUT_CREATING};
     static constexpr const char* kIcons[] = {"save", "notes", "back"};
     for (int i = 0; i < 3; ++i) {
-        auto* button = new QToolButton(this);
-        button->setObjectName(QString("Image4_%1").arg(i));
-        button->setIcon(entry_icon(this, kIcons[i]));
-        button->setIconSize(QSize(36, 36));
-        button->setAutoRaise(true);
+        const Command entry = add_command(this, commands, i, QString("Image4_%1").arg(i), kIcons[i],
+                                          36, QString("Label%1").arg(5 + i), 3);
         // Held off for a moment, so that the click that opened the window
         // can't also press a command in it.
-        button->setEnabled(false);
-        auto* caption = new QLabel(qs(t.text(kCaptions[i])), this);
-        caption->setObjectName(QString("Label%1").arg(5 + i));
-        QFont f = caption->font();
-        f.setPointSize(f.pointSize() + 3);
-        caption->setFont(f);
-        pair_caption(caption, button);
-        on_hover(button, [this, i] {
+        entry.button->setEnabled(false);
+        entry.caption->setText(qs(t.text(kCaptions[i])));
+        on_hover(entry.button, [this, i] {
             if (session_.AIUTO) Label10_->setText(qs(session_.texts.text(kHelp[i])));
         });
-        commands->addWidget(button, i, 0);
-        commands->addWidget(caption, i, 1);
-        Image4_[static_cast<std::size_t>(i)] = button;
+        Image4_[static_cast<std::size_t>(i)] = entry.button;
     }
     commands->setRowStretch(3, 1);
     middle->addLayout(commands, 2);
     auto* frame = new QGroupBox(qs(t.text(Text::HELP_TOGGLE)), this);
     frame->setObjectName("Frame1");
-    auto* help = new QVBoxLayout(frame);
-    Label10_ = new QLabel(qs(t.text(Text::HELP_CREATE)), frame);
-    Label10_->setObjectName("Label10");
-    Label10_->setWordWrap(true);
-    Label10_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    Label10_ = add_help_label(frame, "Label10");
+    Label10_->setText(qs(t.text(Text::HELP_CREATE)));
     Label10_->setMinimumHeight(120);
-    help->addWidget(Label10_);
     auto* help_column = new QVBoxLayout;
     help_column->addWidget(frame);
     help_column->addStretch();

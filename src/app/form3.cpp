@@ -173,12 +173,7 @@ Form3::Form3(Session& session, HubHost host, QWidget* parent) : QWidget(parent),
 
     Frame1_ = new QGroupBox(this);
     Frame1_->setObjectName("Frame1");
-    auto* help = new QVBoxLayout(Frame1_);
-    Label10_ = new QLabel(Frame1_);
-    Label10_->setObjectName("Label10");
-    Label10_->setWordWrap(true);
-    Label10_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    help->addWidget(Label10_);
+    Label10_ = add_help_label(Frame1_, "Label10");
     right->addWidget(Frame1_);
     right->addStretch(1);
 
@@ -224,21 +219,13 @@ Form3::~Form3() {
     hub_->unload();
 }
 
-QToolButton* Form3::add_entry(int index, const char* icon, const char* caption_name,
-                              QGridLayout* grid, int row) {
-    auto* button = new QToolButton(this);
-    button->setObjectName(QString("Image1_%1").arg(index));
-    button->setIcon(entry_icon(this, icon));
-    button->setIconSize(index <= 5 ? QSize(36, 36) : QSize(24, 24));
-    button->setAutoRaise(true);
-    auto* caption = new QLabel(this);
-    caption->setObjectName(caption_name);
-    if (index <= 5) {
-        QFont f = caption->font();
-        f.setPointSize(f.pointSize() + 2);
-        caption->setFont(f);
-    }
-    pair_caption(caption, button);
+void Form3::add_entry(int index, const char* icon, const char* caption_name, QGridLayout* grid,
+                      int row) {
+    // The main menu's entries (0 to 5) are larger than the utility's.
+    const bool main_entry = index <= 5;
+    const auto [button, caption] =
+        add_command(this, grid, row, QString("Image1_%1").arg(index), icon, main_entry ? 36 : 24,
+                    caption_name, main_entry ? 2 : 0);
     on_hover(button, [this, index] {
         hub_->hover(index);
         Label10_->setText(qs(hub_->Label10));
@@ -250,11 +237,8 @@ QToolButton* Form3::add_entry(int index, const char* icon, const char* caption_n
         refresh();
         if (hub_->Frame2) Text3_->setFocus();
     });
-    grid->addWidget(button, row, 0);
-    grid->addWidget(caption, row, 1);
     Image1_[index] = button;
     captions_[index] = caption;
-    return button;
 }
 
 bool Form3::load() {

@@ -41,8 +41,8 @@ class Form3 final : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    QToolButton* add_entry(int index, const char* icon, const char* caption_name, QGridLayout* grid,
-                           int row);
+    void add_entry(int index, const char* icon, const char* caption_name, QGridLayout* grid,
+                   int row);
     void Text3_changed(const QString& text);
     void after_module_chosen();
 

@@ -43,29 +43,18 @@ Form4::Form4(Session& session, QWidget* parent) : QWidget(parent), session_(sess
     buttons->setVerticalSpacing(10);
     static constexpr const char* kIcons[] = {"program", "notes", "back"};
     for (int i = 0; i < 3; ++i) {
-        auto* button = new QToolButton(this);
-        button->setObjectName(QString("Image1_%1").arg(i));
-        button->setIcon(entry_icon(this, kIcons[i]));
-        button->setIconSize(QSize(36, 36));
-        button->setAutoRaise(true);
-        auto* caption = new QLabel(this);
-        caption->setObjectName(QString("Label4_%1").arg(i));
-        QFont f = caption->font();
-        f.setPointSize(f.pointSize() + 2);
-        caption->setFont(f);
-        pair_caption(caption, button);
-        on_hover(button, [this, i] {
+        const Command entry = add_command(this, buttons, i, QString("Image1_%1").arg(i), kIcons[i],
+                                          36, QString("Label4_%1").arg(i), 2);
+        on_hover(entry.button, [this, i] {
             tool_->hover(i);
             Label15_->setText(qs(tool_->Label15));
         });
-        connect(button, &QToolButton::clicked, this, [this, i] {
+        connect(entry.button, &QToolButton::clicked, this, [this, i] {
             tool_->Image1_Click(i);
             refresh();
         });
-        buttons->addWidget(button, i, 0);
-        buttons->addWidget(caption, i, 1);
-        Image1_[i] = button;
-        Label4_[i] = caption;
+        Image1_[i] = entry.button;
+        Label4_[i] = entry.caption;
     }
     left->addLayout(buttons);
     Check1_ = new QCheckBox(qs(t.text(Text::RUN_DISABLE_SHORT_MESSAGE)), this);
@@ -75,13 +64,8 @@ Form4::Form4(Session& session, QWidget* parent) : QWidget(parent), session_(sess
     left->addWidget(Check1_);
     left->addStretch(1);
     help_ = new QGroupBox(qs(t.text(Text::HELP_TOGGLE)), this);
-    auto* help = new QVBoxLayout(help_);
-    Label15_ = new QLabel(help_);
-    Label15_->setObjectName("Label15");
-    Label15_->setWordWrap(true);
-    Label15_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    Label15_ = add_help_label(help_, "Label15");
     Label15_->setMinimumHeight(80);
-    help->addWidget(Label15_);
     left->addWidget(help_);
     outer->addLayout(left, 2);
 

@@ -3,9 +3,13 @@
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QLabel>
 #include <QPainter>
 #include <QStyle>
+#include <QToolButton>
+#include <QVBoxLayout>
 #include <QWidget>
 #include <string>
 
@@ -128,6 +132,36 @@ void pair_caption(QLabel* caption, QAbstractButton* button) {
     caption->installEventFilter(new CaptionClick(caption, button));
     caption->setCursor(Qt::PointingHandCursor);
     button->setCursor(Qt::PointingHandCursor);
+}
+
+Command add_command(QWidget* parent, QGridLayout* grid, int row, const QString& button_name,
+                    const char* icon, int icon_size, const QString& caption_name, int larger_by) {
+    auto* button = new QToolButton(parent);
+    button->setObjectName(button_name);
+    button->setIcon(entry_icon(parent, icon));
+    button->setIconSize(QSize(icon_size, icon_size));
+    button->setAutoRaise(true);
+    auto* caption = new QLabel(parent);
+    caption->setObjectName(caption_name);
+    if (larger_by != 0) {
+        QFont f = caption->font();
+        f.setPointSize(f.pointSize() + larger_by);
+        caption->setFont(f);
+    }
+    pair_caption(caption, button);
+    grid->addWidget(button, row, 0);
+    grid->addWidget(caption, row, 1);
+    return {button, caption};
+}
+
+QLabel* add_help_label(QGroupBox* frame, const char* name) {
+    auto* layout = new QVBoxLayout(frame);
+    auto* label = new QLabel(frame);
+    label->setObjectName(name);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    layout->addWidget(label);
+    return label;
 }
 
 }  // namespace filo::app

@@ -8,7 +8,10 @@
 #include <string>
 
 class QAbstractButton;
+class QGridLayout;
+class QGroupBox;
 class QLabel;
+class QToolButton;
 class QWidget;
 
 namespace filo::app {
@@ -25,6 +28,20 @@ QIcon entry_icon(const QWidget* widget, const char* name);
 void pair_caption(QLabel* caption, QAbstractButton* button);
 // Runs f when the mouse enters the widget.
 void on_hover(QWidget* widget, std::function<void()> f);
+
+// A command of a window's menu, in its row of the grid: a flat button with
+// its icon and, beside it, its caption (pair_caption), in a type larger by
+// the given points.
+struct Command {
+    QToolButton* button;
+    QLabel* caption;
+};
+Command add_command(QWidget* parent, QGridLayout* grid, int row, const QString& button_name,
+                    const char* icon, int icon_size, const QString& caption_name, int larger_by);
+
+// The label of a window's help panel, alone in its frame: words wrapped,
+// from the top left.
+QLabel* add_help_label(QGroupBox* frame, const char* name);
 
 QString qs(const std::string& text);
 
