@@ -71,9 +71,9 @@ ModuleEntry enter_new_module(Session& session, const std::string& code) {
     try {
         return enter(session, code);
     } catch (const store::ProjectError& e) {
-        session.message_text(describe(e, session.texts), session.texts.text(Text::TITLE_WARNING));
+        tell_project_fault(session, e);
     } catch (const sqlite::SqlError& e) {
-        session.message(Text::PROJECT_UNREADABLE, Text::TITLE_WARNING, {}, e.what());
+        tell_project_fault(session, e);
     }
     return ModuleEntry::Refused;
 }

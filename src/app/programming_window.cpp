@@ -157,6 +157,15 @@ bool ProgrammingWindow::Form_Unload() {
     return true;
 }
 
+template <typename Fault>
+void ProgrammingWindow::project_unreadable(const Fault& fault) {
+    Command1 = true;
+    Label22 = session_.texts.text(Text::PROJECT_UNREADABLE);
+    Label22_tone = Tone::Red;
+    tell_project_fault(session_, fault);
+    changed();
+}
+
 void ProgrammingWindow::PROGRAMMA_IMPIANTO() {
     const auto& t = session_.texts;
     stop_asked_ = false;
@@ -178,18 +187,10 @@ void ProgrammingWindow::PROGRAMMA_IMPIANTO() {
         port_lost(e.what());
         return;
     } catch (const store::ProjectError& e) {
-        Command1 = true;
-        Label22 = t.text(Text::PROJECT_UNREADABLE);
-        Label22_tone = Tone::Red;
-        session_.message_text(describe(e, t), t.text(Text::TITLE_WARNING));
-        changed();
+        project_unreadable(e);
         return;
     } catch (const sqlite::SqlError& e) {
-        Command1 = true;
-        Label22 = t.text(Text::PROJECT_UNREADABLE);
-        Label22_tone = Tone::Red;
-        session_.message(Text::PROJECT_UNREADABLE, Text::TITLE_WARNING, {}, e.what());
-        changed();
+        project_unreadable(e);
         return;
     }
     finished();

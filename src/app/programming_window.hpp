@@ -87,6 +87,10 @@ class ProgrammingWindow {
     void progress(const commissioning::RunProgress& p);
     void finished();
     void port_lost(const std::string& what);
+    // The run ended on a project that can't be read (store::ProjectError or
+    // sqlite::SqlError).
+    template <typename Fault>
+    void project_unreadable(const Fault& fault);
     void clear_regolatori();
     void changed();
 

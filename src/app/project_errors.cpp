@@ -8,6 +8,14 @@ namespace filo::app {
 
 using texts::Text;
 
+void tell_project_fault(Session& session, const store::ProjectError& error) {
+    session.message_text(describe(error, session.texts), session.texts.text(Text::TITLE_WARNING));
+}
+
+void tell_project_fault(Session& session, const sqlite::SqlError& error) {
+    session.message(Text::PROJECT_UNREADABLE, Text::TITLE_WARNING, {}, error.what());
+}
+
 bool open_project_file(Session& session, const std::filesystem::path& file) {
     store::Project& p = session.project;
     const std::string name = p.NOME_PROGETTO, path = p.PERCORSO_PROGETTO;
@@ -18,11 +26,11 @@ bool open_project_file(Session& session, const std::filesystem::path& file) {
     } catch (const store::ProjectError& e) {
         p.NOME_PROGETTO = name;
         p.PERCORSO_PROGETTO = path;
-        session.message_text(describe(e, session.texts), session.texts.text(Text::TITLE_WARNING));
+        tell_project_fault(session, e);
     } catch (const sqlite::SqlError& e) {
         p.NOME_PROGETTO = name;
         p.PERCORSO_PROGETTO = path;
-        session.message(Text::PROJECT_UNREADABLE, Text::TITLE_WARNING, {}, e.what());
+        tell_project_fault(session, e);
     }
     return false;
 }

@@ -95,9 +95,9 @@ void ProjectHub::CERCA_MODULI() {
     try {
         lists = s.modules.ELENCO_MODULI();
     } catch (const store::ProjectError& e) {
-        s.message_text(describe(e, s.texts), s.texts.text(Text::TITLE_WARNING));
+        tell_project_fault(s, e);
     } catch (const sqlite::SqlError& e) {
-        s.message(Text::PROJECT_UNREADABLE, Text::TITLE_WARNING, {}, e.what());
+        tell_project_fault(s, e);
     }
     caption = s.texts.text(Text::HUB_CAPTION_PREFIX) + s.texts.text(Text::PROJECT_COLON) +
               s.project.NOME_PROGETTO + s.texts.text(Text::HUB_MODULES_PRESENT) +
