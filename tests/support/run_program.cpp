@@ -18,14 +18,13 @@ std::filesystem::path program_path(const std::string& program) {
     return std::filesystem::path(dir) / program;
 }
 
-ProgramResult run_program(const std::string& program, const std::vector<std::string>& arguments,
-                          const std::map<std::string, std::string>& environment,
-                          const std::string& input) {
+ChildProcess start_program(const std::string& program, const std::vector<std::string>& arguments,
+                           const std::map<std::string, std::string>& environment) {
     const std::string path = program_path(program).string();
     int in[2], out[2], err[2];
     if (::pipe2(in, O_CLOEXEC) || ::pipe2(out, O_CLOEXEC) || ::pipe2(err, O_CLOEXEC))
         throw std::runtime_error("pipe failed");
-    pid_t pid = ::fork();
+    const pid_t pid = ::fork();
     if (pid < 0) throw std::runtime_error("fork failed");
     if (pid == 0) {
         ::dup2(in[0], 0);
@@ -42,12 +41,27 @@ ProgramResult run_program(const std::string& program, const std::vector<std::str
     ::close(in[0]);
     ::close(out[1]);
     ::close(err[1]);
+    return {pid, in[1], out[0], err[0]};
+}
+
+int wait_for_exit(pid_t pid) {
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+ProgramResult run_program(const std::string& program, const std::vector<std::string>& arguments,
+                          const std::map<std::string, std::string>& environment,
+                          const std::string& input) {
+    ChildProcess child = start_program(program, arguments, environment);
     std::size_t written = 0;
-    if (input.empty()) ::close(in[1]);
+    if (input.empty()) {
+        ::close(child.in);
+        child.in = -1;
+    }
 
     ProgramResult result;
-    pollfd fds[3] = {
-        {out[0], POLLIN, 0}, {err[0], POLLIN, 0}, {input.empty() ? -1 : in[1], POLLOUT, 0}};
+    pollfd fds[3] = {{child.out, POLLIN, 0}, {child.err, POLLIN, 0}, {child.in, POLLOUT, 0}};
     int open_streams = 2;
     char buffer[4096];
     while (open_streams > 0) {
@@ -74,9 +88,7 @@ ProgramResult run_program(const std::string& program, const std::vector<std::str
     }
     for (auto& f : fds)
         if (f.fd >= 0) ::close(f.fd);
-    int status = 0;
-    ::waitpid(pid, &status, 0);
-    result.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    result.exit_code = wait_for_exit(child.pid);
     return result;
 }
 

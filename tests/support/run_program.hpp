@@ -1,4 +1,6 @@
 #pragma once
+#include <sys/types.h>
+
 #include <filesystem>
 #include <map>
 #include <string>
@@ -19,5 +21,22 @@ ProgramResult run_program(const std::string& program, const std::vector<std::str
                           const std::string& input = {});
 
 std::filesystem::path program_path(const std::string& program);
+
+// A program started with its standard streams on pipes: write to `in`, read
+// from `out` and `err`; the descriptors are the caller's to close.
+struct ChildProcess {
+    pid_t pid = -1;
+    int in = -1;
+    int out = -1;
+    int err = -1;
+};
+
+// Starts one of the project's programs (from FILO_BIN_DIR) with the arguments
+// and extra environment variables given; throws std::runtime_error.
+ChildProcess start_program(const std::string& program, const std::vector<std::string>& arguments,
+                           const std::map<std::string, std::string>& environment = {});
+
+// Waits for the child to end: its exit code, 128 + the signal when killed.
+int wait_for_exit(pid_t pid);
 
 }  // namespace filo::testing

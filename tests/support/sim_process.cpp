@@ -1,9 +1,7 @@
 #include "support/sim_process.hpp"
 
-#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <stdexcept>
@@ -13,29 +11,11 @@
 namespace filo::testing {
 
 SimProcess::SimProcess(const std::vector<std::string>& arguments) {
-    const std::string path = program_path("filo-sim").string();
-    int in[2], out[2], err[2];
-    if (::pipe2(in, O_CLOEXEC) || ::pipe2(out, O_CLOEXEC) || ::pipe2(err, O_CLOEXEC))
-        throw std::runtime_error("pipe failed");
-    pid_ = ::fork();
-    if (pid_ < 0) throw std::runtime_error("fork failed");
-    if (pid_ == 0) {
-        ::dup2(in[0], 0);
-        ::dup2(out[1], 1);
-        ::dup2(err[1], 2);
-        std::vector<char*> argv;
-        argv.push_back(const_cast<char*>(path.c_str()));
-        for (const std::string& a : arguments) argv.push_back(const_cast<char*>(a.c_str()));
-        argv.push_back(nullptr);
-        ::execv(path.c_str(), argv.data());
-        ::_exit(127);
-    }
-    ::close(in[0]);
-    ::close(out[1]);
-    ::close(err[1]);
-    stdin_ = in[1];
-    stdout_ = out[0];
-    stderr_ = err[0];
+    const ChildProcess child = start_program("filo-sim", arguments);
+    pid_ = child.pid;
+    stdin_ = child.in;
+    stdout_ = child.out;
+    stderr_ = child.err;
 
     std::string line;
     char c;
@@ -76,11 +56,10 @@ void SimProcess::drain_errors(int timeout_ms) {
 int SimProcess::stop() {
     if (pid_ <= 0) return -1;
     ::kill(pid_, SIGTERM);
-    int status = 0;
-    ::waitpid(pid_, &status, 0);
+    const int exit_code = wait_for_exit(pid_);
     pid_ = -1;
     drain_errors(0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    return exit_code;
 }
 
 }  // namespace filo::testing
