@@ -16,8 +16,6 @@
 #include "sim/installation.hpp"
 #include "sim/sim_server.hpp"
 #include "sim/simulator.hpp"
-#include "store/project.hpp"
-#include "store/sqlite.hpp"
 
 namespace {
 
@@ -99,16 +97,9 @@ int run(int argc, char** argv) {
     CLI11_PARSE(app, argc, argv);
     faults.late = late_ms / 1000.0;
 
+    // A project that can't be read ends the run through main's handler.
     std::vector<std::string> codes;
-    try {
-        if (!project.empty()) codes = filo::sim::bus_codes_of_project(project);
-    } catch (const filo::store::ProjectError& e) {
-        std::cerr << "filo-sim: " << e.what() << '\n';
-        return 1;
-    } catch (const filo::sqlite::SqlError& e) {
-        std::cerr << "filo-sim: " << e.what() << '\n';
-        return 1;
-    }
+    if (!project.empty()) codes = filo::sim::bus_codes_of_project(project);
     const std::vector<std::string> listed = split_codes(module_lists);
     codes.insert(codes.end(), listed.begin(), listed.end());
     std::vector<filo::sim::SimModule> modules;
