@@ -6,26 +6,24 @@
 namespace filo::bus {
 namespace {
 
-// Address, command and value of the 8 characters between kind and end mark.
-bool read_short(std::string_view payload, Frame& f) {
-    if (payload.size() != 8) return false;
-    const auto address = read_hex_address(payload.substr(0, 4));
-    const auto command = read_hex_byte(payload.substr(4, 2));
-    const auto value = read_hex_byte(payload.substr(6, 2));
-    if (!address || !command || !value) return false;
-    f.address = *address;
-    f.command = *command;
-    f.value = *value;
-    return true;
-}
-
-bool read_analog_query(std::string_view payload, Frame& f) {
+// Address and command: the 6 characters of an analog query, the first 6 of
+// a short frame.
+bool read_address_command(std::string_view payload, Frame& f) {
     if (payload.size() != 6) return false;
     const auto address = read_hex_address(payload.substr(0, 4));
     const auto command = read_hex_byte(payload.substr(4, 2));
     if (!address || !command) return false;
     f.address = *address;
     f.command = *command;
+    return true;
+}
+
+// Address, command and value of the 8 characters between kind and end mark.
+bool read_short(std::string_view payload, Frame& f) {
+    if (payload.size() != 8) return false;
+    const auto value = read_hex_byte(payload.substr(6, 2));
+    if (!value || !read_address_command(payload.substr(0, 6), f)) return false;
+    f.value = *value;
     return true;
 }
 
@@ -104,7 +102,7 @@ FrameKind marked_kind(Frame& f) {
             }
             return FrameKind::Unknown;
         case 'B':
-            return read_analog_query(p, f) ? FrameKind::AnalogQuery : FrameKind::Unknown;
+            return read_address_command(p, f) ? FrameKind::AnalogQuery : FrameKind::Unknown;
         case 'C':
             return read_analog_answer(p, f) ? FrameKind::AnalogAnswer : FrameKind::Unknown;
     }
