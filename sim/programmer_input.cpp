@@ -5,7 +5,6 @@
 namespace filo::sim {
 namespace {
 
-constexpr std::string_view kSearchDigits = "0123";
 // Longer than any frame the PC sends; a run-away frame is dropped.
 constexpr std::size_t kMaxFrame = 300;
 

@@ -5,12 +5,17 @@
 // anywhere reads the same.
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace filo::sim {
 
 class ProgrammerInput {
   public:
-    // The search's "0123", written outside any frame.
+    // The digits the port search writes outside any frame, and that the
+    // programmer echoes.
+    static constexpr std::string_view kSearchDigits = "0123";
+
+    // The search's digits, written outside any frame.
     std::function<void()> on_search_digits;
     // A frame, from its start mark to "]" (or a text frame to its NUL).
     std::function<void(const std::string& frame)> on_frame;

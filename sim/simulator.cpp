@@ -11,13 +11,12 @@ namespace {
 // codes of "OK" or of the search digits, so noise never fakes an answer.
 constexpr std::string_view kNoise = "defghijklmnopqrstuvwxyz";
 constexpr std::string_view kOk = "OK";
-constexpr std::string_view kSearchDigits = "0123";
 
 }  // namespace
 
 Simulator::Simulator(std::vector<SimModule> modules, Faults faults)
     : modules_(std::move(modules)), faults_(faults), random_(faults.seed) {
-    input_.on_search_digits = [this] { send(std::string(kSearchDigits), now_); };
+    input_.on_search_digits = [this] { send(std::string(ProgrammerInput::kSearchDigits), now_); };
     input_.on_frame = [this](const std::string& frame) { put_on_bus(frame); };
     input_.on_answer_asked = [this] { answer_asked(); };
 }
