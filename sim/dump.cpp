@@ -22,7 +22,8 @@ json module_json(const SimModule& m) {
     for (const auto& [command, value] : m.registers)
         registers[bus::hex_byte(command)] = bus::hex_byte(value);
     json texts = json::object();
-    for (const auto& [record, text] : m.texts) texts[bus::hex_byte(record)] = basic::windows1252_to_utf8(text);
+    for (const auto& [record, text] : m.texts)
+        texts[bus::hex_byte(record)] = basic::windows1252_to_utf8(text);
     json cards = json::array();
     for (const auto& card : m.cards) cards.push_back({{"list", card.list}, {"entry", card.entry}});
     json remotes = json::object();
@@ -47,7 +48,8 @@ std::string dump_json(const Simulator& simulator) {
     json modules = json::object();
     for (const SimModule& m : simulator.modules()) modules[m.code] = module_json(m);
     json bus = json::array();
-    for (const std::string& frame : simulator.bus()) bus.push_back(basic::windows1252_to_utf8(frame));
+    for (const std::string& frame : simulator.bus())
+        bus.push_back(basic::windows1252_to_utf8(frame));
     const json dump = {
         {"modules", std::move(modules)},
         {"links", simulator.links()},
