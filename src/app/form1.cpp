@@ -172,8 +172,7 @@ void Form1::refresh() {
     Label10_->setText(qs(tool_->Label10));
     Frame1_->setTitle(qs(t.text(Text::HELP_TOGGLE)));
     Frame1_->setVisible(session_.AIUTO);
-    Label5_->setStyleSheet(session_.AIUTO ? "background: #F5D000; font-weight: bold;"
-                                          : "font-weight: bold;");
+    light_help_button(Label5_, session_.AIUTO);
     Label7_->setText(qs(t.text(Text::LEVEL_CAPTION)));
     for (int i = 0; i < 3; ++i) {
         QPushButton* choice = Label6_[static_cast<std::size_t>(i)];
@@ -187,9 +186,7 @@ void Form1::refresh() {
     Label11_->setText(qs(t.text(Text::FULL_SCREEN)));
     Label11_->setVisible(!session_.SCHERMO_INTERO);
     Label12_->setText(qs(t.text(Text::VERSION_PREFIX)) + FILO_VERSION);
-    label22_->setText(qs(session_.STATO_LINEA));
-    label22_->setStyleSheet(session_.on_line() ? "color: #1B5E20; background: #C8E6C9;"
-                                               : "color: #6D4C00; background: #FFF59D;");
+    show_line_state(label22_, session_.STATO_LINEA, session_.on_line());
     emit changed();
 }
 

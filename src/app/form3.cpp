@@ -257,9 +257,7 @@ void Form3::refresh() {
     Label1_->setText(qs(session_.project.NOME_PROGETTO));
     Label20_->setText(qs(t.text(Text::LEVEL_CAPTION) + " " + std::to_string(session_.LIVELLO) +
                          " " + t.text(level_name(session_.LIVELLO))));
-    Label23_->setText(qs(session_.STATO_LINEA));
-    Label23_->setStyleSheet(session_.on_line() ? "color: #1B5E20; background: #C8E6C9;"
-                                               : "color: #6D4C00; background: #FFF59D;");
+    show_line_state(Label23_, session_.STATO_LINEA, session_.on_line());
     Label12_->setText(qs(t.text(Text::HUB_ENTER_PRINTED_CODE)));
     Label13_->setText(qs(t.text(Text::HUB_CHOOSE_MODULE)));
     Frame2_->setTitle(qs(t.text(Text::ADD_MODULE)));
@@ -272,8 +270,7 @@ void Form3::refresh() {
     Frame4_->setVisible(hub_->Frame4);
     Frame5_->setVisible(hub_->scan_frame);
     Frame1_->setVisible(session_.AIUTO);
-    Image13_->setStyleSheet(session_.AIUTO ? "background: #F5D000; font-weight: bold;"
-                                           : "font-weight: bold;");
+    light_help_button(Image13_, session_.AIUTO);
     Label10_->setText(qs(hub_->Label10));
     Label25_->setText(qs(hub_->Label25));
     if (Text3_->text().toStdString() != hub_->Text3) Text3_->setText(qs(hub_->Text3));

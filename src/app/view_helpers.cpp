@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -162,6 +163,16 @@ QLabel* add_help_label(QGroupBox* frame, const char* name) {
     label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     layout->addWidget(label);
     return label;
+}
+
+void show_line_state(QLabel* label, const std::string& state, bool on_line) {
+    label->setText(qs(state));
+    label->setStyleSheet(on_line ? "color: #1B5E20; background: #C8E6C9;"
+                                 : "color: #6D4C00; background: #FFF59D;");
+}
+
+void light_help_button(QPushButton* button, bool on) {
+    button->setStyleSheet(on ? "background: #F5D000; font-weight: bold;" : "font-weight: bold;");
 }
 
 }  // namespace filo::app

@@ -11,6 +11,7 @@ class QAbstractButton;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
+class QPushButton;
 class QToolButton;
 class QWidget;
 
@@ -42,6 +43,11 @@ Command add_command(QWidget* parent, QGridLayout* grid, int row, const QString& 
 // The label of a window's help panel, alone in its frame: words wrapped,
 // from the top left.
 QLabel* add_help_label(QGroupBox* frame, const char* name);
+
+// The line's state as every window shows it: green on line, yellow off.
+void show_line_state(QLabel* label, const std::string& state, bool on_line);
+// The "i" that shows and hides the help panel: lit while the panel shows.
+void light_help_button(QPushButton* button, bool on);
 
 QString qs(const std::string& text);
 
