@@ -6,6 +6,7 @@
 #include "app/project_errors.hpp"
 #include "app/session.hpp"
 #include "bus/receive_assembler.hpp"
+#include "common/basic_functions.hpp"
 #include "platform/serial_port.hpp"
 #include "store/project.hpp"
 #include "store/sqlite.hpp"
@@ -18,12 +19,6 @@ namespace {
 
 // Put behind "Programmazione in corso" with the port in use.
 constexpr const char* kPortCaption = "  COM ";
-
-std::string trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 }  // namespace
 
@@ -205,7 +200,7 @@ void ProgrammingWindow::progress(const commissioning::RunProgress& p) {
     }
     if (!p.caption.empty()) Label1_1 = p.caption;
     if (!stop_asked_ && report_.SOSPENDI_PROGRAMMAZIONE.empty())
-        Label2 = p.codice + "   " + trimmed(p.fase);
+        Label2 = p.codice + "   " + std::string(basic::trim(p.fase));
     Label11 = std::to_string(report_.N_ERRORI);
     // The regulators are listed as the links name them.
     if (run_.REGOLATORI.size() != Combo_REGOLATORI.size()) {

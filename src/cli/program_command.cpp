@@ -15,6 +15,7 @@
 #include "cli/line_steps.hpp"
 #include "commissioning/programming_run.hpp"
 #include "commissioning/run_report.hpp"
+#include "common/basic_functions.hpp"
 #include "platform/clock.hpp"
 #include "platform/data_directory.hpp"
 #include "platform/serial_port.hpp"
@@ -73,23 +74,18 @@ std::string trace_line(std::string_view bytes) {
     return out;
 }
 
-std::string trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 // The live line of a run on a terminal: phase, module, links, errors.
 class ProgressLine {
   public:
     ProgressLine(const texts::LanguageTables& texts, bool live) : texts_(texts), live_(live) {}
     void show(const commissioning::RunProgress& p) {
         if (!live_) return;
-        std::string line = trimmed(p.fase) + "  " + texts_.text(Text::RUN_INIT_MODULES) + " " +
-                           std::to_string(p.module_place) + "/" + std::to_string(p.modules) + " " +
-                           p.codice + "  " + trimmed(texts_.text(Text::RUN_LINKS)) + " " +
-                           std::to_string(p.link) + "/" + std::to_string(p.links) + "  " +
-                           texts_.text(Text::RUN_ERRORS) + std::to_string(p.errors);
+        std::string line =
+            std::string(basic::trim(p.fase)) + "  " + texts_.text(Text::RUN_INIT_MODULES) + " " +
+            std::to_string(p.module_place) + "/" + std::to_string(p.modules) + " " + p.codice +
+            "  " + std::string(basic::trim(texts_.text(Text::RUN_LINKS))) + " " +
+            std::to_string(p.link) + "/" + std::to_string(p.links) + "  " +
+            texts_.text(Text::RUN_ERRORS) + std::to_string(p.errors);
         const std::size_t width = line.size();
         if (line.size() < shown_) line.append(shown_ - line.size(), ' ');
         shown_ = width;

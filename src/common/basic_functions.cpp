@@ -128,6 +128,12 @@ std::string_view mid(std::string_view text, std::size_t start) {
     return mid(text, start, std::string_view::npos);
 }
 
+std::string_view trim(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
 std::string_view left(std::string_view text, std::size_t length) {
     return text.substr(0, length);
 }

@@ -23,6 +23,8 @@ std::string_view mid(std::string_view text, std::size_t start, std::size_t lengt
 std::string_view mid(std::string_view text, std::size_t start);
 std::string_view left(std::string_view text, std::size_t length);
 std::string_view right(std::string_view text, std::size_t length);
+// The text without the blanks at either end, as Trim gives it.
+std::string_view trim(std::string_view text);
 
 // Replaces characters from 1-based position start with the given text, as the
 // statement form of Mid does: the length of the text never changes.

@@ -16,12 +16,6 @@
 namespace filo::modules {
 namespace {
 
-std::string trimmed(std::string_view s) {
-    const auto first = s.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return std::string(s.substr(first, s.find_last_not_of(' ') - first + 1));
-}
-
 // Decodes one UTF-8 character at i, advancing i; U+FFFD for a broken one.
 char32_t next_character(std::string_view s, std::size_t& i) {
     const auto byte = [&s](std::size_t k) { return static_cast<unsigned char>(s[k]); };
@@ -122,7 +116,7 @@ EditRefusal ModuleEditor::rename(int row, std::string_view name) {
     if (!refused_name_character(name).empty()) return EditRefusal::NameCharacters;
     store::NickRow& r = table_.RIGHE_MODULO.riga(row);
     const bool input = is_input(row);
-    const std::string clean = trimmed(name);
+    const std::string clean = std::string(basic::trim(name));
     const std::string stored = input || clean.empty() ? clean : clean + " ";
     if (stored == r.nick) return EditRefusal::None;
     if (stored.empty()) {
@@ -185,7 +179,7 @@ EditRefusal ModuleEditor::set_contact(int row, char contact) {
     store::NickRow& input = m.riga(j);
     if (input.modo.size() < 2) input.modo.resize(24, '0');
     if (contact == kContactVariator && out.modo[1] != kContactVariator) {
-        const std::string name = "Variatore_" + trimmed(out.nick);
+        const std::string name = "Variatore_" + std::string(basic::trim(out.nick));
         table_.CERCA_UGUALE(name, table_.CODICE_MODULO, store::PointSide::Input, input.numero_filo);
         if (table_.NOME_DOPPIO == "SI") return EditRefusal::NameInUse;
         input.nick = name;
@@ -264,7 +258,7 @@ EditRefusal ModuleEditor::save() {
         // The regulator's output exists only while its sensor regulates.
         const char kind = m.riga(1).modo.empty() ? 'K' : m.riga(1).modo[0];
         if (kind == 'K') {
-            m.riga(9).nick = "ATTIVAZIONE " + trimmed(m.riga(1).nick);
+            m.riga(9).nick = "ATTIVAZIONE " + std::string(basic::trim(m.riga(1).nick));
             m.riga(9).tipologia = "REGOLATORE";
         } else if (kind == 'L') {
             m.riga(9).nick.clear();
