@@ -23,10 +23,7 @@ class ModuleImageTest : public StoreTest {
 
     void set(const std::string& codice, int campo, const std::string& column,
              const std::string& value) {
-        auto q = project.database().prepare("UPDATE nick SET " + column +
-                                            " = ?1 WHERE codice = ?2 AND campo = ?3");
-        q.bind(1, value).bind(2, codice).bind(3, std::to_string(campo));
-        q.run();
+        set_column(project, codice, campo, column, value);
     }
 
     // Kind letters of the input rows, row 1 first.

@@ -38,10 +38,7 @@ class ProgramSimTest : public ::testing::Test {
     }
     void set(const std::string& codice, int campo, const std::string& column,
              const std::string& value) {
-        auto q = project.database().prepare("UPDATE nick SET " + column +
-                                            " = ?1 WHERE codice = ?2 AND campo = ?3");
-        q.bind(1, value).bind(2, codice).bind(3, std::to_string(campo));
-        q.run();
+        testing::set_column(project, codice, campo, column, value);
     }
     void add_link(const std::string& rx, const std::string& tx, const std::string& nick_tx,
                   const std::string& input) {

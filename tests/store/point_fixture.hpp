@@ -23,10 +23,7 @@ class PointTest : public StoreTest {
     // Sets a column of one point.
     void set(const std::string& codice, int campo, const std::string& column,
              const std::string& value) {
-        auto s = project.database().prepare("UPDATE nick SET " + column +
-                                            " = ?1 WHERE codice = ?2 AND campo = ?3");
-        s.bind(1, value).bind(2, codice).bind(3, std::to_string(campo));
-        s.run();
+        set_column(project, codice, campo, column, value);
     }
     // The kind letter of an input.
     void kind(const std::string& codice, int campo, char letter) {

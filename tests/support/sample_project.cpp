@@ -102,6 +102,14 @@ void add_generated_links(store::Project& project, const std::vector<std::string>
     transaction.commit();
 }
 
+void set_column(store::Project& project, const std::string& codice, int campo,
+                const std::string& column, const std::string& value) {
+    auto q = project.database().prepare("UPDATE nick SET " + column +
+                                        " = ?1 WHERE codice = ?2 AND campo = ?3");
+    q.bind(1, value).bind(2, codice).bind(3, std::to_string(campo));
+    q.run();
+}
+
 std::filesystem::path make_empty_project(const std::filesystem::path& directory,
                                          const std::string& name) {
     std::filesystem::path file = directory / (name + ".TRN");

@@ -40,6 +40,11 @@ store::LinkRow switching_link(const std::string& identificativoRX,
 // add_generated_modules gives them. One transaction.
 void add_generated_links(store::Project& project, const std::vector<std::string>& codes, int count);
 
+// Sets one column of one row of a module, as another tool might have
+// written it: for rows the operations under test would never write.
+void set_column(store::Project& project, const std::string& codice, int campo,
+                const std::string& column, const std::string& value);
+
 // An empty project file made from the built-in schema.
 std::filesystem::path make_empty_project(const std::filesystem::path& directory,
                                          const std::string& name = "prova");
