@@ -21,7 +21,10 @@ void Connection::ELENCO_COM() {
 
 bool Connection::choose(const std::string& path) {
     if (path.empty() || !session_.use_port(path)) {
-        session_.message(Text::PORT_CHECK_SYSTEM, Text::PORT_ASSIGN_TITLE);
+        if (!path.empty() && session_.port_busy)
+            session_.message(Text::PORT_BUSY, Text::PORT_ASSIGN_TITLE, {}, path);
+        else
+            session_.message(Text::PORT_CHECK_SYSTEM, Text::PORT_ASSIGN_TITLE);
         Label1 = session_.STATO_LINEA;
         return false;
     }
@@ -46,6 +49,11 @@ bool Connection::CONNETTI(const std::vector<std::string>& extra_paths) {
         if (on_progress) on_progress(index, ports.size());
     };
     const std::string found = search.CONNETTI(ports);
+    if (!search.busy_ports.empty()) {
+        std::string busy;
+        for (const std::string& p : search.busy_ports) busy += (busy.empty() ? "" : ", ") + p;
+        session_.message(Text::PORT_BUSY_SKIPPED, Text::PORT_ASSIGN_TITLE, {}, busy);
+    }
     const bool on_line = !found.empty() && session_.use_port(found);
     Label1 = session_.STATO_LINEA;
     return on_line;

@@ -26,6 +26,7 @@ using texts::Text;
 
 Form3::Form3(Session& session, HubHost host, QWidget* parent) : QWidget(parent), session_(session) {
     host.schedule_scan_tick = [this](int ms) { Timer1_->start(ms); };
+    host.changed = [this] { refresh(); };
     hub_ = std::make_unique<ProjectHub>(session, std::move(host));
     setObjectName("Form3");
     auto* outer = new QHBoxLayout(this);

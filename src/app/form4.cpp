@@ -20,6 +20,16 @@
 #include "app/view_helpers.hpp"
 
 namespace filo::app {
+namespace {
+
+// "done / all"; nothing to do reads 0 / 0, not a bar stuck short of its end.
+void show_count(QProgressBar* bar, int done, int all) {
+    bar->setRange(0, std::max(all, 1));
+    bar->setValue(all > 0 ? done : 0);
+    bar->setFormat(all > 0 ? "%v / %m" : "0 / 0");
+}
+
+}  // namespace
 
 using texts::Text;
 
@@ -208,10 +218,8 @@ void Form4::refresh() {
     Frame2_->setVisible(w.Frame2);
     Frame2_->setTitle(qs(session_.texts.text(Text::PROGRAM_INSTALLATION)));
     Command1_->setVisible(w.Command1);
-    ProgressBar1_1_->setRange(0, std::max(w.bar1_max, 1));
-    ProgressBar1_1_->setValue(w.bar1);
-    ProgressBar1_2_->setRange(0, std::max(w.bar2_max, 1));
-    ProgressBar1_2_->setValue(w.bar2);
+    show_count(ProgressBar1_1_, w.bar1, w.bar1_max);
+    show_count(ProgressBar1_2_, w.bar2, w.bar2_max);
     if (w.runs != run_shown_) {
         // A new run: its report starts empty.
         Text1_->clear();

@@ -10,6 +10,8 @@ struct HubHost {
     std::function<void()> show_main_menu;    // Form1; the hub goes
     // The scan's next tick after this many milliseconds.
     std::function<void(int ms)> schedule_scan_tick;
+    // The window shows the hub as it stands, before a question box covers it.
+    std::function<void()> changed;
 };
 
 }  // namespace filo::app

@@ -17,8 +17,6 @@
 
 int main(int argc, char** argv) {
     using filo::texts::Text;
-    QApplication application(argc, argv);
-    QApplication::setApplicationName("filo");
     QCommandLineParser options;
     options.setApplicationDescription(
         "Filo: commissioning of home-automation installations on a serial field bus");
@@ -26,7 +24,15 @@ int main(int argc, char** argv) {
     const QCommandLineOption demo_option(
         "demo", "Open the demo project, connected to a simulated installation");
     options.addOption(demo_option);
-    options.process(application);
+    {
+        // The options are read before the toolkit starts, so that --help and
+        // a wrong option are answered without a display.
+        QCoreApplication parsing(argc, argv);
+        QCoreApplication::setApplicationName("filo");
+        options.process(parsing);
+    }
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("filo");
 
     filo::texts::LanguageTables startup_texts;
     startup_texts.ITALIANO();
@@ -57,7 +63,8 @@ int main(int argc, char** argv) {
     window.show();
 
     std::string speech_error;
-    session.speech = filo::platform::make_system_voice(speech_error);
+    session.speech = filo::platform::make_system_voice(
+        filo::texts::speech_language(session.texts.language()), speech_error);
     if (!session.speech)
         session.message(Text::SPEECH_UNAVAILABLE, Text::TITLE_SPEECH, {}, speech_error);
 

@@ -92,6 +92,7 @@ void MDIForm1::build_menu() {
 
 void MDIForm1::refresh_status() {
     const auto& t = session_.texts;
+    translations_.use(t.language());
     project_menu_->setTitle(qs(t.text(Text::PROJECT_WORD)));
     line_menu_->setTitle(qs(t.text(Text::LINE_MENU)));
     line_state_->setText(qs(session_.STATO_LINEA));
@@ -135,6 +136,7 @@ void MDIForm1::show_main_menu() {
     connect(form, &Form1::exit_requested, this, [this] {
         session_.close_port();
         session_.PROGETTO_CHIUSO = "SI";
+        exit_requested_ = true;
         close();
     });
     connect(form, &Form1::full_screen_requested, this, &QWidget::showFullScreen);
@@ -216,7 +218,8 @@ void MDIForm1::port_lost(const QString& what) {
 
 void MDIForm1::closeEvent(QCloseEvent* event) {
     // The project window must be left first, by its own command.
-    if (session_.PROGETTO_CHIUSO == "NO") {
+    // The main menu is left only through its own commands.
+    if (session_.PROGETTO_CHIUSO == "NO" || (form1() && !exit_requested_)) {
         event->ignore();
         return;
     }

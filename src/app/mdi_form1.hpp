@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "app/connection.hpp"
+#include "app/qt_translations.hpp"
 
 class QDialog;
 class QLabel;
@@ -64,6 +65,10 @@ class MDIForm1 final : public QMainWindow {
     void open_project_dialog();
 
     Session& session_;
+    // Set by the menu's own exit, the one close that the main menu allows.
+    bool exit_requested_ = false;
+    // The toolkit's buttons and dialogs in the language of the tables.
+    QtTranslations translations_;
     AppServices services_;
     QStackedWidget* stack_ = nullptr;
     QPointer<QWidget> form_;

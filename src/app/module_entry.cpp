@@ -40,8 +40,7 @@ ModuleEntry enter(Session& session, const std::string& code) {
             modules::CREA_VIDEOCITOFONO(table);
             return ModuleEntry::Added;
         case modules::Opening::PanelInterface:
-            table.CODICE_MODULO = code;
-            table.TIPO_MODULO = code.substr(4, 2);
+            table.set_codice_modulo(code);
             table.STATO_MODULO = store::kNuovoModulo;
             table.LEGGI_N_PROGRESSIVO();
             modules::PREPARA_OUT_232(table);

@@ -2,6 +2,7 @@
 
 #include "app/project_errors.hpp"
 #include "app/session.hpp"
+#include "store/project.hpp"
 
 namespace filo::app {
 
@@ -12,6 +13,8 @@ void NewProject::load() {
         session_.files.ensure_empty_project();
     } catch (const std::filesystem::filesystem_error& e) {
         session_.message(Text::FILE_ERROR, Text::TITLE_WARNING, {}, e.what());
+    } catch (const store::ProjectError& e) {
+        tell_project_fault(session_, e);
     }
 }
 
@@ -24,12 +27,15 @@ bool NewProject::create(const std::string& name) {
     try {
         session_.files.ensure_empty_project();
         if (session_.files.create_project(target) == store::ProjectFiles::Creation::Exists) {
-            session_.message(Text::PROJECT_EXISTS, Text::TITLE_PROJECT_CREATION, name);
+            session_.message(Text::PROJECT_EXISTS, Text::TITLE_PROJECT_CREATION, name + " ");
             return false;
         }
     } catch (const std::filesystem::filesystem_error& e) {
         // Characters the file system refuses make the copy fail.
         session_.message(Text::FILE_ERROR, Text::TITLE_PROJECT_CREATION, {}, e.what());
+        return false;
+    } catch (const store::ProjectError& e) {
+        tell_project_fault(session_, e);
         return false;
     }
     const auto& t = session_.texts;

@@ -179,6 +179,8 @@ void ProgrammingWindow::PROGRAMMA_IMPIANTO() {
     try {
         run_.PROGRAMMA_IMPIANTO();
     } catch (const platform::PortError& e) {
+        // The report to be saved says where the run stood when the port went.
+        run_.interrupted(session_.texts, session_.texts.text(Text::PORT_LOST) + e.what());
         port_lost(e.what());
         return;
     } catch (const store::ProjectError& e) {

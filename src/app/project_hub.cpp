@@ -181,8 +181,7 @@ void ProjectHub::Text3_Change(const std::string& text) {
     Text3 = text;
     if (text.size() < 8) return;
     store::ModuleTable& m = session_.modules;
-    m.CODICE_MODULO = text.substr(0, 6);
-    m.TIPO_MODULO = text.substr(4, 2);
+    m.set_codice_modulo(text.substr(0, 6));
     if (session_.CONTROLLO_CODICE == "NO" || bus::check_digits_match(text.substr(0, 8))) {
         Timer2 = true;
         return;
@@ -193,8 +192,7 @@ void ProjectHub::Text3_Change(const std::string& text) {
 
 void ProjectHub::Combo1_Click(const std::string& text) {
     if (combo1_held || text.size() < 6) return;
-    session_.modules.CODICE_MODULO = text.substr(0, 6);
-    session_.modules.TIPO_MODULO = text.substr(4, 2);
+    session_.modules.set_codice_modulo(text.substr(0, 6));
     Timer2 = true;
 }
 
@@ -206,8 +204,7 @@ bool ProjectHub::Combo2_Click(std::int64_t item_data) {
     std::string hex;
     for (std::int64_t v = item_data; v > 0; v /= 16) hex.insert(hex.begin(), kHex[v % 16]);
     if (hex.size() < 7) return false;
-    session_.modules.CODICE_MODULO = hex.substr(1, 6);
-    session_.modules.TIPO_MODULO = hex.substr(5, 2);
+    session_.modules.set_codice_modulo(hex.substr(1, 6));
     Timer2 = true;
     return true;
 }
@@ -307,11 +304,12 @@ void ProjectHub::compare() {
     CERCA_MODULI();
     List2 = commissioning::codes_not_in_project(List1, s.modules.ELENCO_CODICI);
     combo1_held = false;
+    // The lists are read while the question is up: the window shows them first.
+    if (host_.changed) host_.changed();
     if (!List2.empty() && s.ask(Text::SCAN_OFFER, Text::SCAN_OFFER_TITLE)) {
         for (std::size_t i = 0; i < List2.size(); ++i) {
             const std::string code = List2[i].substr(0, 6);
-            s.modules.CODICE_MODULO = code;
-            s.modules.TIPO_MODULO = code.substr(4, 2);
+            s.modules.set_codice_modulo(code);
             s.modules.STATO_MODULO = store::kNuovoModulo;
             enter_new_module(s, code);
             if (i + 1 < List2.size() && s.ask(Text::SCAN_SUSPEND, Text::SCAN_SUSPEND_TITLE)) break;

@@ -39,8 +39,12 @@ bool Session::ask(Text text, Text title) {
 
 bool Session::use_port(const std::string& path) {
     close_port();
+    port_busy = false;
     try {
         port_.open(path);
+    } catch (const platform::PortBusy&) {
+        port_busy = true;
+        return false;
     } catch (const platform::PortError&) {
         return false;
     }

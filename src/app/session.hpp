@@ -67,6 +67,8 @@ class Session {
     // Opens the port as the one in use: PORTA_COM and the on-line caption on
     // success; false, with the port closed and PORTA_COM "", when it fails.
     bool use_port(const std::string& path);
+    // Set by the last use_port that failed because another program holds the port.
+    bool port_busy = false;
     void close_port();
     bool on_line() const { return !PORTA_COM.empty(); }
     PortHost& port() { return port_; }

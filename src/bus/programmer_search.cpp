@@ -34,6 +34,7 @@ std::string ProgrammerSearch::CONNETTI(const std::vector<std::string>& ports) {
     std::filesystem::remove(marker_, ec);
     std::ofstream(marker_) << kSearchMarkerLine << "\r\n";
     PORTA_COM.clear();
+    busy_ports.clear();
     for (std::size_t i = 0; i < ports.size(); ++i) {
         if (on_port) on_port(i, ports[i]);
         // Every port is tried, as the search always did: the first echo wins.
@@ -55,6 +56,9 @@ bool ProgrammerSearch::echoes(const std::string& path) {
         line.write("ATE1\r");
         return line.serve_until(clock_.now() + kEchoWait,
                                 [&receiver] { return receiver.ESITO_RX == "OK"; });
+    } catch (const platform::PortBusy&) {
+        busy_ports.push_back(path);  // another program's: not touched, and said
+        return false;
     } catch (const platform::PortError&) {
         return false;  // a port that can't be opened or used is no programmer
     }

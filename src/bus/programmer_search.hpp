@@ -37,6 +37,8 @@ class ProgrammerSearch {
 
     // CONNETTI: the search over the ports, with its marker.
     std::string CONNETTI(const std::vector<std::string>& ports);
+    // The ports skipped because another program holds them, in order.
+    std::vector<std::string> busy_ports;
     // Told of each port as it is tried (for a progress display).
     std::function<void(std::size_t index, const std::string& port)> on_port;
 

@@ -50,7 +50,7 @@ int connect(Context& context, const std::string& port);
 // One frame sent as a programming run sends it, with the report of each attempt.
 struct SendRequest {
     std::string port;
-    std::string frame;  // without its checksum
+    std::string frame;  // with or without its checksum
     int answer_ms = 0;  // waited beyond the 0.1 s of every answer window
 };
 int send_frame(Context& context, const SendRequest& request);
@@ -74,6 +74,7 @@ int list_links(Context& context, const std::string& project_path);
 struct PointsRequest {
     std::string project;
     bool commands = false;  // else the outputs
+    bool analogs = false;   // the reference setters of a new link instead
     int level = 3;
     std::string code;             // the code filter
     std::string name;             // the name filter (levels 2 and 3)

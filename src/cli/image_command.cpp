@@ -17,7 +17,7 @@ int print_module_image(Context& context, const std::string& project_path, const 
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
 
     store::Project project;
-    project.open(project_path);
+    project.open(project_path, store::Access::ReadOnly);
     store::ModuleTable table(project);
     commissioning::ModuleImageReader reader(table);
     const commissioning::ModuleImageReading reading = reader.LEGGI_INGRESSI_MODULO(codice);

@@ -1,7 +1,9 @@
 // ports, connect and send: the line to the programmer from the command line.
 #include <ostream>
 
+#include "bus/checksum.hpp"
 #include "bus/frame.hpp"
+#include "bus/frame_parser.hpp"
 #include "bus/line.hpp"
 #include "bus/port_line.hpp"
 #include "bus/programmer_search.hpp"
@@ -9,6 +11,7 @@
 #include "cli/commands.hpp"
 #include "cli/line_steps.hpp"
 #include "commissioning/run_report.hpp"
+#include "common/basic_functions.hpp"
 #include "platform/clock.hpp"
 #include "platform/data_directory.hpp"
 #include "platform/serial_port.hpp"
@@ -26,6 +29,8 @@ bool is_bracketed_frame(std::string_view frame) {
 std::unique_ptr<platform::SerialPort> open_port(const Context& context, const std::string& path) {
     try {
         return platform::open_serial_port(path);
+    } catch (const platform::PortBusy&) {
+        throw UserError(context.texts.text(Text::PORT_BUSY) + path);
     } catch (const platform::PortError& e) {
         throw UserError(context.texts.text(Text::PORT_NOT_OPENED) + e.what());
     }
@@ -49,26 +54,44 @@ int connect(Context& context, const std::string& port) {
     }
     platform::SteadyClock clock;
     bus::ProgrammerSearch search(clock, directory, platform::open_serial_port);
-    if (search.CONNETTI(ports).empty())
-        throw UserError(context.texts.text(Text::PROGRAMMER_NOT_FOUND));
+    const std::string found = search.CONNETTI(ports);
+    if (!search.busy_ports.empty()) {
+        context.err << context.texts[Text::PORT_BUSY_SKIPPED];
+        for (std::size_t i = 0; i < search.busy_ports.size(); ++i)
+            context.err << (i ? ", " : "") << search.busy_ports[i];
+        context.err << '\n';
+    }
+    if (found.empty()) throw UserError(context.texts.text(Text::PROGRAMMER_NOT_FOUND));
     context.out << context.texts[Text::LINE_ONLINE] << search.PORTA_COM << '\n';
     return kExitOk;
 }
 
+std::string frame_without_checksum(const Context& context, const std::string& typed) {
+    if (!is_bracketed_frame(typed)) throw UserError(context.texts.text(Text::FRAME_NOT_VALID));
+    auto known = [](std::string_view full) {
+        const bus::FrameKind kind = bus::parse_frame(full).kind;
+        return kind != bus::FrameKind::NotAFrame && kind != bus::FrameKind::Unknown;
+    };
+    // A frame that already carries its checksum goes as it is.
+    if (bus::checksum_ok(typed) && known(typed)) return typed.substr(0, 1) + typed.substr(3);
+    if (!known(bus::with_checksum(typed)))
+        throw UserError(context.texts.text(Text::FRAME_NOT_KNOWN) + basic::escaped_controls(typed));
+    return typed;
+}
+
 int send_frame(Context& context, const SendRequest& request) {
-    if (!is_bracketed_frame(request.frame))
-        throw UserError(context.texts.text(Text::FRAME_NOT_VALID));
+    const std::string frame = frame_without_checksum(context, request.frame);
     const std::unique_ptr<platform::SerialPort> port = open_port(context, request.port);
     platform::SteadyClock clock;
     bus::ReceiveAssembler receiver;
     bus::PortLine io(*port, receiver, clock);
     bus::Line line(io, receiver);
     // The report names the module by the address the frame carries.
-    const std::string address = request.frame.substr(2, 4);
+    const std::string address = frame.substr(2, 4);
     line.on_answer = [&](int attempt, bool answered) {
         context.out << commissioning::report_line(address, " ", answered, attempt) << std::endl;
     };
-    line.STRINGA_TX = request.frame;
+    line.STRINGA_TX = frame;
     return line.INVIA_STRINGA(request.answer_ms) ? kExitOk : kExitNotAnswered;
 }
 

@@ -9,7 +9,7 @@ namespace filo::cli {
 
 int list_links(Context& context, const std::string& project_path) {
     store::Project project;
-    project.open(project_path);
+    project.open(project_path, store::Access::ReadOnly);
     store::LinkTable links(project);
     links.LEGGI_LINK();
     // One line per row of the table in memory: its ID, then the frame that

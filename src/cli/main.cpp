@@ -89,7 +89,9 @@ int run(int argc, char** argv) {
         command("send", "Send one frame as programming does, with answer and one repeat",
                 [&](Context& c) { return filo::cli::send_frame(c, send); });
     send_cmd->add_option("--port", send.port, "The programmer's port")->required();
-    send_cmd->add_option("frame", send.frame, "The frame without its checksum, e.g. (30012ED10]")
+    send_cmd
+        ->add_option("frame", send.frame,
+                     "The frame, e.g. (30012ED10]; one that carries its checksum goes as it is")
         ->required();
     send_cmd
         ->add_option("--wait", send.answer_ms, "Milliseconds waited for the answer beyond 0.1 s")
@@ -124,6 +126,9 @@ int run(int argc, char** argv) {
     which->add_flag("--commands", points.commands, "The commands list");
     bool outputs = false;
     which->add_flag("--outputs", outputs, "The outputs list");
+    which->add_flag("--analogs", points.analogs,
+                    "The points that can set a new link's reference value, the next free "
+                    "gateway channel first; exit 1 when every channel is used");
     which->require_option(1);
     auto* level = points_cmd
                       ->add_option("--level", points.level,

@@ -6,6 +6,7 @@
 
 #include "bus/module_code.hpp"
 #include "cli/commands.hpp"
+#include "common/basic_functions.hpp"
 #include "modules/module_editor.hpp"
 #include "modules/module_rows.hpp"
 #include "modules/parameter_fields.hpp"
@@ -39,7 +40,8 @@ int add_module(Context& context, const ModuleRequest& request) {
     const std::string code = typed->substr(0, 6);
     const std::string type = code.substr(4, 2);
     const std::string refused = modules::refused_name_character(request.note);
-    if (!refused.empty()) throw UserError(t.text(Text::NAME_CHARACTERS_REFUSED) + refused);
+    if (!refused.empty())
+        throw UserError(t.text(Text::NAME_CHARACTERS_REFUSED) + basic::escaped_controls(refused));
 
     store::Project project;
     project.open(request.project);
@@ -67,7 +69,7 @@ int add_module(Context& context, const ModuleRequest& request) {
             return kExitOk;
         }
         case modules::Opening::PanelInterface: {
-            table.CODICE_MODULO = code;
+            table.set_codice_modulo(code);
             table.LEGGI_N_PROGRESSIVO();
             modules::PREPARA_OUT_232(table);
             for (int r = 1; r <= 98; ++r) table.RIGHE_MODULO.riga(r).note = request.note;

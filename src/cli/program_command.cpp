@@ -101,8 +101,10 @@ class ProgressLine {
     std::size_t shown_ = 0;
 };
 
-std::function<bool()> question(Context& context, const std::string& on_errors) {
-    if (on_errors == "stop") return [] { return true; };
+// The question after ten failed frames; `by_rule` is set when --on-errors
+// stop answers it, so that nobody is said to have stopped the run.
+std::function<bool()> question(Context& context, const std::string& on_errors, bool& by_rule) {
+    if (on_errors == "stop") return [&by_rule] { return by_rule = true; };
     if (on_errors == "continue") return [] { return false; };
     if (!isatty(STDIN_FILENO)) return [] { return false; };
     return [&context] {
@@ -120,7 +122,9 @@ std::function<bool()> question(Context& context, const std::string& on_errors) {
 
 int program_installation(Context& context, const ProgramRequest& request) {
     store::Project project;
-    project.open(request.project);
+    // A dry run changes nothing: it works on a project the user cannot write.
+    project.open(request.project,
+                 request.dry_run ? store::Access::ReadOnly : store::Access::ReadWrite);
 
     bus::ReceiveAssembler receiver;
     std::unique_ptr<platform::SerialPort> port;
@@ -149,7 +153,8 @@ int program_installation(Context& context, const ProgramRequest& request) {
     commissioning::RunReport report;
     commissioning::ProgrammingRun run(project, line, report);
     run.MESSAGGIO_BREVE = request.short_message ? 1 : 0;
-    report.ask_to_stop = question(context, request.on_errors);
+    bool stopped_by_rule = false;
+    report.ask_to_stop = question(context, request.on_errors, stopped_by_rule);
     ProgressLine progress(context.texts, !request.trace && isatty(STDERR_FILENO));
     run.on_progress = [&](const commissioning::RunProgress& p) { progress.show(p); };
     bool stopped = false;
@@ -157,12 +162,16 @@ int program_installation(Context& context, const ProgramRequest& request) {
         InterruptStopsRun interrupt(run);
         try {
             run.PROGRAMMA_IMPIANTO();
-        } catch (const platform::PortError&) {
-            // The adapter went mid-run: what the report holds so far is kept.
+        } catch (const platform::PortError& e) {
+            // The adapter went mid-run: what the report holds so far is kept,
+            // with where the run stood and what it did not reach.
             progress.end();
-            report.save(platform::data_directory(), project.NOME_PROGETTO,
-                        std::chrono::system_clock::now());
-            throw;
+            const std::string why = context.texts.text(Text::PORT_LOST) + e.what();
+            run.interrupted(context.texts, why);
+            const auto file = report.save(platform::data_directory(), project.NOME_PROGETTO,
+                                          std::chrono::system_clock::now());
+            context.err << why << '\n' << file.string() << '\n';
+            return kExitNotAnswered;
         } catch (...) {
             progress.end();
             throw;
@@ -170,6 +179,9 @@ int program_installation(Context& context, const ProgramRequest& request) {
         stopped = report.SOSPENDI_PROGRAMMAZIONE == "SI";
     }
     progress.end();
+    const std::string stop_text =
+        context.texts.text(stopped_by_rule ? Text::RUN_STOPPED_AFTER_ERRORS : Text::RUN_STOPPED);
+    if (stopped) run.interrupted(context.texts, stop_text);
 
     std::ostream& summary = request.trace ? context.err : context.out;
     // The frames that failed, one a line.
@@ -182,7 +194,7 @@ int program_installation(Context& context, const ProgramRequest& request) {
                                       std::chrono::system_clock::now());
         summary << file.string() << '\n';
     }
-    if (stopped) summary << context.texts[Text::RUN_STOPPED] << '\n';
+    if (stopped) summary << stop_text << '\n';
     summary << (report.N_ERRORI > 0 ? context.texts[Text::RUN_MODULES_SILENT]
                                     : context.texts[Text::RUN_FINISHED])
             << '\n';

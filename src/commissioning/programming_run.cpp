@@ -7,10 +7,12 @@
 #include "bus/line_io.hpp"
 #include "commissioning/module_image_reader.hpp"
 #include "commissioning/run_report.hpp"
+#include "common/basic_functions.hpp"
 #include "platform/clock.hpp"
 #include "store/link_table.hpp"
 #include "store/module_table.hpp"
 #include "store/programming_lists.hpp"
+#include "texts/language_tables.hpp"
 
 namespace filo::commissioning {
 namespace {
@@ -19,17 +21,36 @@ using bus::BIN_A_HEX_INV;
 using bus::DEC_A_HEX;
 
 constexpr int kNoPause = -1;
+
+// FASE_CORRENTE of each phase by its number, as the report names it.
+constexpr const char* kFasi[] = {"",
+                                 " reset ",
+                                 " invertiti ",
+                                 " reciproci ",
+                                 " and ",
+                                 " gruppo di uscite ",
+                                 " sicurezze ",
+                                 " tipologie ingressi ",
+                                 " autoapprendimento ",
+                                 "Personalizzazione parametri  ",
+                                 " parametri singoli ingressi ",
+                                 " valori analogigi per eventi ",
+                                 " visualizza n° messaggi attivi ",
+                                 " Testi ",
+                                 " CARD ",
+                                 " Associazioni ",
+                                 " preset temperatura "};
+constexpr int kPhases = 16;
 // Two modules are never started closer than this.
 constexpr double kModuleSpacing = 0.01;
 
 }  // namespace
 
-// A phase that visits every place: its name in the report, its caption, the
-// answer time of its frames, the pause behind it and whether the installer's
-// stop is looked at after it.
+// A phase that visits every place: its number (kFasi names it in the report),
+// its caption, the answer time of its frames, the pause behind it and whether
+// the installer's stop is looked at after it.
 struct ProgrammingRun::ModulePhase {
     int number;
-    const char* fase;
     const char* caption;
     void (ProgrammingRun::*frames)();
     int pause_ms;
@@ -49,22 +70,19 @@ ProgrammingRun::~ProgrammingRun() = default;
 
 void ProgrammingRun::PROGRAMMA_IMPIANTO() {
     static constexpr std::array<ModulePhase, 7> kFirst = {{
-        {1, " reset ", "RESET", &ProgrammingRun::reset_frames, 2000, true},
-        {2, " invertiti ", "INVERSIONI RELE", &ProgrammingRun::inversion_frames, 200, true},
-        {3, " reciproci ", "RECIPROCI", &ProgrammingRun::reciprocal_frames, 200, true},
-        {4, " and ", "AND", &ProgrammingRun::and_frames, 200, true},
-        {5, " gruppo di uscite ", "GRUPPI", &ProgrammingRun::group_frames, kNoPause, false},
-        {6, " sicurezze ", "CONFIGURAZIONE", &ProgrammingRun::safety_frames, 500, true},
-        {7, " tipologie ingressi ", "", &ProgrammingRun::input_type_frames, 200, true},
+        {1, "RESET", &ProgrammingRun::reset_frames, 2000, true},
+        {2, "INVERSIONI RELE", &ProgrammingRun::inversion_frames, 200, true},
+        {3, "RECIPROCI", &ProgrammingRun::reciprocal_frames, 200, true},
+        {4, "AND", &ProgrammingRun::and_frames, 200, true},
+        {5, "GRUPPI", &ProgrammingRun::group_frames, kNoPause, false},
+        {6, "CONFIGURAZIONE", &ProgrammingRun::safety_frames, 500, true},
+        {7, "", &ProgrammingRun::input_type_frames, 200, true},
     }};
     static constexpr std::array<ModulePhase, 4> kAfterRadio = {{
-        {9, "Personalizzazione parametri  ", "", &ProgrammingRun::parameter_frames, 500, true},
-        {10, " parametri singoli ingressi ", "", &ProgrammingRun::input_parameter_frames, 200,
-         true},
-        {11, " valori analogigi per eventi ", "VALORE EVENTI", &ProgrammingRun::event_value_frames,
-         200, true},
-        {12, " visualizza n° messaggi attivi ", "", &ProgrammingRun::active_message_frames, 200,
-         false},
+        {9, "", &ProgrammingRun::parameter_frames, 500, true},
+        {10, "", &ProgrammingRun::input_parameter_frames, 200, true},
+        {11, "VALORE EVENTI", &ProgrammingRun::event_value_frames, 200, true},
+        {12, "", &ProgrammingRun::active_message_frames, 200, false},
     }};
 
     start();
@@ -121,15 +139,15 @@ void ProgrammingRun::finish() {
     line_.CHIUDI_PROGRAMMAZIONE();
 }
 
-void ProgrammingRun::enter_phase(int number, const char* fase, const char* caption) {
-    FASE_CORRENTE = fase;
+void ProgrammingRun::enter_phase(int number, const char* caption) {
+    FASE_CORRENTE = kFasi[number];
     progress_.phase = number;
     progress_.fase = FASE_CORRENTE;
     progress_.caption = caption;
 }
 
 bool ProgrammingRun::module_phase(const ModulePhase& phase) {
-    enter_phase(phase.number, phase.fase, phase.caption);
+    enter_phase(phase.number, phase.caption);
     for (MODULO_CORRENTE = 1; MODULO_CORRENTE <= modules_->N_MODULI; ++MODULO_CORRENTE) {
         // The reset phase renews programming mode at every module.
         if (phase.number == 1) line_.ATTIVA_PROGRAMMAZIONE();
@@ -159,6 +177,39 @@ void ProgrammingRun::PROSSIMO_MODULO() {
     progress_.codice = CODICE_MODULO;
     report_progress();
     IMMAGINE_MODULO = images_->LEGGI_INGRESSI_MODULO(CODICE_MODULO).IMMAGINE_MODULO;
+}
+
+void ProgrammingRun::interrupted(const texts::LanguageTables& t, const std::string& why) {
+    using texts::Text;
+    const RunProgress& at = progress_;
+    auto listed = [](Text heading, const std::vector<std::string>& items,
+                     const texts::LanguageTables& tables) {
+        std::string line = tables.text(heading);
+        for (std::size_t i = 0; i < items.size(); ++i) line += (i ? ", " : "") + items[i];
+        return line;
+    };
+    std::vector<std::string> lines = {t.text(Text::RUN_INTERRUPTED) + why};
+    std::string where =
+        t.text(Text::RUN_INTERRUPTED_PHASE) + std::string(basic::trim(kFasi[at.phase]));
+    std::vector<std::string> modules_left, phases_left;
+    if (at.phase == 15 && at.links > 0) {
+        where += t.text(Text::RUN_INTERRUPTED_LINK) + std::to_string(at.link) + "/" +
+                 std::to_string(at.links);
+    } else if (at.module_place > 0) {
+        where += t.text(Text::RUN_INTERRUPTED_MODULE) + at.codice + " (" +
+                 std::to_string(at.module_place) + "/" + std::to_string(at.modules) + ")";
+        const std::vector<std::string>& codes = modules_->ELENCO_CODICI;
+        for (std::size_t i = static_cast<std::size_t>(at.module_place); i < codes.size(); ++i)
+            if (!codes[i].empty()) modules_left.push_back(codes[i]);
+    }
+    lines.push_back(where);
+    if (at.phase == 15 && at.links > at.link)
+        lines.push_back(t.text(Text::RUN_NOT_REACHED_LINKS) + std::to_string(at.links - at.link));
+    else if (!modules_left.empty())
+        lines.push_back(listed(Text::RUN_NOT_REACHED_MODULES, modules_left, t));
+    for (int n = at.phase + 1; n <= kPhases; ++n) phases_left.emplace_back(basic::trim(kFasi[n]));
+    if (!phases_left.empty()) lines.push_back(listed(Text::RUN_NOT_REACHED_PHASES, phases_left, t));
+    report_.interrupted(lines);
 }
 
 bool ProgrammingRun::stop_test() {

@@ -23,6 +23,9 @@ class ProgrammingLists;
 namespace filo::bus {
 class Line;
 }
+namespace filo::texts {
+class LanguageTables;
+}
 
 namespace filo::commissioning {
 
@@ -78,6 +81,10 @@ class ProgrammingRun {
     // run then closes as usual. Safe to call from a signal handler.
     void request_stop() { stop_requested_.store(true); }
 
+    // After a run that did not reach its end (the port went, a stop): the
+    // report says why, where it stood and what it did not reach.
+    void interrupted(const texts::LanguageTables& texts, const std::string& why);
+
     bool in_progress() const { return PROGRAMMAZIONE_IN_CORSO == "IN CORSO"; }
 
   private:
@@ -87,7 +94,7 @@ class ProgrammingRun {
     void finish();
     // FASE_CORRENTE and the progress of a phase; caption "" for a phase
     // without a caption of its own.
-    void enter_phase(int number, const char* fase, const char* caption = "");
+    void enter_phase(int number, const char* caption = "");
     // Runs a phase that loops over the places; false when the stop test
     // after it asks the run to end.
     bool module_phase(const ModulePhase& phase);

@@ -30,7 +30,7 @@ std::uint16_t address_of(std::string_view codice) {
 }  // namespace
 
 void ProgrammingRun::PROGRAMMA_RADIO() {
-    enter_phase(8, " autoapprendimento ");
+    enter_phase(8);
     for (MODULO_CORRENTE = 1; MODULO_CORRENTE <= modules_->N_MODULI; ++MODULO_CORRENTE) {
         PROSSIMO_MODULO();
         if (INDIRIZZO_MODULO == "0000" || TIPO_MODULO != "4A") continue;
@@ -48,7 +48,7 @@ void ProgrammingRun::PROGRAMMA_RADIO() {
 }
 
 void ProgrammingRun::TRASMETTI_TESTI() {
-    enter_phase(13, " Testi ");
+    enter_phase(13);
     lists_->CERCA_TESTI();
     for (const store::TestoSeriale& t : lists_->TESTI) {
         CODICE_MODULO = t.codice;
@@ -76,7 +76,7 @@ void ProgrammingRun::INVIA_TESTO(const std::string& address, int record, const s
 }
 
 void ProgrammingRun::send_cards() {
-    enter_phase(14, " CARD ");
+    enter_phase(14);
     for (const std::string& codice : modules_->ELENCO_CODICI) {
         if (mid(codice, 5, 2) != "1A") continue;
         INDIRIZZO_MODULO = std::string(mid(codice, 1, 4));
@@ -98,7 +98,7 @@ void ProgrammingRun::send_cards() {
 }
 
 void ProgrammingRun::send_links() {
-    enter_phase(15, " Associazioni ");
+    enter_phase(15);
     links_->LEGGI_LINK();
     const int n_link = links_->N_LINK();
     if (n_link == 0) return;
@@ -121,7 +121,7 @@ void ProgrammingRun::send_links() {
 }
 
 void ProgrammingRun::send_temperature_presets() {
-    enter_phase(16, " preset temperatura ");
+    enter_phase(16);
     links::LinkImage image;
     for (int n = 1; n <= links_->N_LINK(); ++n) {
         if (!links::LEGGIprossimoLINK(*links_, n, image)) continue;

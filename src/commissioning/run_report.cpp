@@ -23,6 +23,15 @@ void RunReport::start() {
     TEXT2.clear();
     N_ERRORI = 0;
     SOSPENDI_PROGRAMMAZIONE.clear();
+    INTERRUZIONE.clear();
+}
+
+void RunReport::interrupted(const std::vector<std::string>& lines) {
+    INTERRUZIONE.clear();
+    for (const std::string& line : lines) {
+        INTERRUZIONE += kLineBreak;
+        INTERRUZIONE += line;
+    }
 }
 
 void RunReport::attempt(const std::string& codice, const std::string& fase, int attempt,
@@ -61,7 +70,8 @@ std::filesystem::path RunReport::file_name(const std::filesystem::path& director
 
 std::string RunReport::file_text() const {
     return "                                REPORT DELLA PROGRAMMAZIONE IMPIANTO" + TEXT1 +
-           "\r\n\r\n" + "                          LISTA DEI MODULI CHE NON HANNO RISPOSTO" + TEXT2;
+           "\r\n\r\n" + "                          LISTA DEI MODULI CHE NON HANNO RISPOSTO" +
+           TEXT2 + (INTERRUZIONE.empty() ? "" : "\r\n" + INTERRUZIONE);
 }
 
 std::filesystem::path RunReport::save(const std::filesystem::path& directory,

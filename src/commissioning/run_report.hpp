@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace filo::commissioning {
 
@@ -19,6 +20,7 @@ class RunReport {
     std::string TEXT2;  // the frames that failed both attempts
     int N_ERRORI = 0;
     std::string SOSPENDI_PROGRAMMAZIONE;
+    std::string INTERRUZIONE;  // the lines of interrupted(), each behind a CR LF
 
     // Asked once, on the first failed attempt after the tenth failed frame:
     // true to stop the run. Without it the run goes on.
@@ -27,6 +29,8 @@ class RunReport {
     std::function<void(const std::string& line)> on_line;
 
     void start();
+    // Lines that say the run did not reach its end, kept at the report's end.
+    void interrupted(const std::vector<std::string>& lines);
     void attempt(const std::string& codice, const std::string& fase, int attempt, bool answered);
 
     // The file a saved report goes to: the data directory, the project's

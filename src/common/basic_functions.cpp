@@ -148,6 +148,23 @@ void set_mid(std::string& text, std::size_t start, std::string_view replacement)
     text.replace(start - 1, n, replacement.substr(0, n));
 }
 
+std::string escaped_controls(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    for (char c : text) {
+        const auto b = static_cast<unsigned char>(c);
+        if (b >= 0x20 && b != 0x7F && c != '\\') {
+            out += c;
+            continue;
+        }
+        static constexpr char kHex[] = "0123456789ABCDEF";
+        out += "\\x";
+        out += kHex[b >> 4];
+        out += kHex[b & 0xF];
+    }
+    return out;
+}
+
 std::string zero_padded(long long value, std::size_t width) {
     std::string digits = std::to_string(value < 0 ? -value : value);
     if (digits.size() < width) digits.insert(0, width - digits.size(), '0');

@@ -33,4 +33,8 @@ void set_mid(std::string& text, std::size_t start, std::string_view replacement)
 // The number as decimal digits, left-padded with "0" to width.
 std::string zero_padded(long long value, std::size_t width);
 
+// What the user typed, fit to be quoted in a message: control characters
+// (and the backslash that would make them ambiguous) as \xNN, the rest as is.
+std::string escaped_controls(std::string_view text);
+
 }  // namespace filo::basic

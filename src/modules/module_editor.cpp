@@ -57,7 +57,7 @@ std::string refusal_text(EditRefusal refusal, const texts::LanguageTables& t,
         case EditRefusal::NotAPoint:
             return t.text(Text::POINT_NOT_IN_MODULE) + d;
         case EditRefusal::NameCharacters:
-            return t.text(Text::NAME_CHARACTERS_REFUSED) + d;
+            return t.text(Text::NAME_CHARACTERS_REFUSED) + basic::escaped_controls(d);
         case EditRefusal::NameInUse:
             return t.text(Text::NAMES_ALREADY_IN_USE);
         case EditRefusal::NameLinked:
@@ -89,16 +89,14 @@ bool ModuleEditor::open(const std::string& codice) {
     if (!type_) return false;
     table_.LEGGI_MODULO(codice);
     if (table_.STATO_MODULO != store::kModuloEsistente) return false;
-    table_.CODICE_MODULO = codice;
-    table_.TIPO_MODULO = codice.substr(4, 2);
+    table_.set_codice_modulo(codice);
     return true;
 }
 
 bool ModuleEditor::create(const std::string& codice) {
     type_ = find_type(codice);
     if (!type_) return false;
-    table_.CODICE_MODULO = codice;
-    table_.TIPO_MODULO = codice.substr(4, 2);
+    table_.set_codice_modulo(codice);
     table_.STATO_MODULO = store::kNuovoModulo;
     return prepare_new_module(table_);
 }

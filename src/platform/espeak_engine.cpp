@@ -1,3 +1,4 @@
+#include <espeak-ng/espeak_ng.h>
 #include <espeak-ng/speak_lib.h>
 
 #include <string>
@@ -6,6 +7,11 @@
 
 namespace filo::platform {
 namespace {
+
+bool use_voice(std::string_view language) {
+    const std::string name = language.empty() ? ESPEAKNG_DEFAULT_VOICE : std::string(language);
+    return espeak_SetVoiceByName(name.c_str()) == EE_OK;
+}
 
 // espeak-ng keeps its state in the library, so exactly one engine owns it:
 // the one object that make_system_voice hands out.
@@ -21,22 +27,20 @@ class EspeakEngine final : public SpeechEngine {
                      nullptr);
     }
 
-    void set_language(std::string_view language) override {
-        std::string name(language);
-        espeak_SetVoiceByName(name.c_str());
-    }
+    bool set_language(std::string_view language) override { return use_voice(language); }
 };
 
 }  // namespace
 
-std::unique_ptr<SpeechEngine> make_system_voice(std::string& error) {
+std::unique_ptr<SpeechEngine> make_system_voice(std::string_view language, std::string& error) {
     if (espeak_Initialize(AUDIO_OUTPUT_PLAYBACK, 0, nullptr, espeakINITIALIZE_DONT_EXIT) < 0) {
         error = "espeak-ng";
         return nullptr;
     }
-    if (espeak_SetVoiceByName("it") != EE_OK) {
+    // A system without the language's voice still speaks, in the default one.
+    if (!use_voice(language) && !use_voice("")) {
         espeak_Terminate();
-        error = "espeak-ng: it";
+        error = "espeak-ng: " + std::string(language) + ", " + ESPEAKNG_DEFAULT_VOICE;
         return nullptr;
     }
     return std::make_unique<EspeakEngine>();

@@ -2,6 +2,8 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -22,7 +24,11 @@ std::string error_text() {
 class PosixSerialPort final : public SerialPort {
   public:
     PosixSerialPort(std::string path, int fd) : path_(std::move(path)), fd_(fd) {}
-    ~PosixSerialPort() override { ::close(fd_); }
+    ~PosixSerialPort() override {
+        // A pseudo-terminal outlives us in the simulator: leave it open to all.
+        ::ioctl(fd_, TIOCNXCL);
+        ::close(fd_);
+    }
 
     const std::string& name() const override { return path_; }
     int descriptor() const override { return fd_; }
@@ -83,7 +89,17 @@ class PosixSerialPort final : public SerialPort {
 
 std::unique_ptr<SerialPort> open_serial_port(const std::string& path) {
     const int fd = ::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0 && errno == EBUSY) throw PortBusy(path);  // held with TIOCEXCL
     if (fd < 0) throw PortError(path, error_text());
+    // Bytes read by two programs are lost to both: the lock first, so that a
+    // port held by another copy is left as it is.
+    if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
+        const bool busy = errno == EWOULDBLOCK;
+        const std::string why = error_text();
+        ::close(fd);
+        if (busy) throw PortBusy(path);
+        throw PortError(path, why);
+    }
     termios t{};
     if (::tcgetattr(fd, &t) != 0) {
         const std::string why = error_text();
@@ -103,6 +119,7 @@ std::unique_ptr<SerialPort> open_serial_port(const std::string& path) {
         throw PortError(path, why);
     }
     ::tcflush(fd, TCIOFLUSH);
+    ::ioctl(fd, TIOCEXCL);
     return std::make_unique<PosixSerialPort>(path, fd);
 }
 

@@ -21,6 +21,12 @@ class PortError : public std::runtime_error {
     std::string port_;
 };
 
+// The port is held by another program (another copy of Filo, a terminal).
+class PortBusy : public PortError {
+  public:
+    explicit PortBusy(const std::string& port) : PortError(port, "in use by another program") {}
+};
+
 class SerialPort {
   public:
     virtual ~SerialPort() = default;
@@ -34,7 +40,10 @@ class SerialPort {
     virtual int descriptor() const = 0;
 };
 
-// Opens a port at the settings above; throws PortError.
+// Opens a port at the settings above, for this program alone: no other
+// process may open it meanwhile (TIOCEXCL) and a program that honours locks
+// on the device is refused too. Throws PortBusy when another one holds it,
+// PortError otherwise.
 std::unique_ptr<SerialPort> open_serial_port(const std::string& path);
 
 struct PortInfo {

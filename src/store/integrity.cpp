@@ -260,11 +260,18 @@ std::string describe(const IntegrityFinding& finding, const texts::LanguageTable
         case Finding::PowerlineIncomplete:
             text = Text::CHECK_POWERLINE_INCOMPLETE;
             break;
+        case Finding::ForeignCode:
+            text = Text::CHECK_FOREIGN_CODE;
+            break;
     }
     std::string line;
     if (finding.link_id != 0)
         line = texts.text(Text::CHECK_LINK) + std::to_string(finding.link_id) + ": ";
-    return line + texts.text(text) + finding.detail;
+    line += texts.text(text) + finding.detail;
+    // What completes it, so that the installer knows what to do.
+    if (finding.kind == Finding::PowerlineIncomplete)
+        line += texts.text(Text::CHECK_POWERLINE_TODO);
+    return line;
 }
 
 }  // namespace filo::store

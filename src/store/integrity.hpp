@@ -27,6 +27,7 @@ enum class Finding {
     OutputNameRepeated,     // two live outputs share a name
     ChannelRepeated,        // two gateway links on one channel
     PowerlineIncomplete,    // a type 1F module without its command name or link
+    ForeignCode,            // a trigger or view in the file, which keeps it from opening
 };
 
 struct IntegrityFinding {

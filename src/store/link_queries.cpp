@@ -59,16 +59,8 @@ std::vector<ListEntry> LinkQueries::LEGGI_ASSOCIATI_A_UTILIZZATORE() {
     threshold_text.clear();
     threshold_source.clear();
     threshold_number.clear();
-    sqlite::Statement q = project_.database().prepare(
-        "SELECT ID FROM associazioni WHERE identificativoRX = ?1 COLLATE NOCASE ORDER BY ID");
-    q.bind(1, links_.LINK_CORRENTE.identificativoRX);
-    std::vector<std::int64_t> ids;
-    while (q.step()) ids.push_back(q.integer(0));
-
     std::vector<ListEntry> commands;
-    for (std::int64_t id : ids) {
-        LinkRow r;
-        if (!links_.read_row(id, r)) continue;
+    for (const LinkRow& r : links_.rows_of_receiver(links_.LINK_CORRENTE.identificativoRX)) {
         const std::string& o = r.opzione;
         std::string text = r.nick_trasmittente;
         const std::string module(left(r.identificativoTX, 6));

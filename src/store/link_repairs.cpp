@@ -33,9 +33,12 @@ void LinkRepairs::ELIMINA_COLLEGAMENTI_DEL_MODULO(std::string_view codice) {
             const bool in_module =
                 equal_ignoring_ascii_case(basic::left(r.identificativoRX, 6), codice) ||
                 equal_ignoring_ascii_case(basic::left(r.identificativoTX, 6), codice);
+            // A reference row of the gateway names its own receiver: a link
+            // with both ends elsewhere, which outlives the link before it.
+            const bool own_link = r.nick_trasmittente == kNetGate && !r.identificativoRX.empty();
             if (in_module) {
                 deleting = true;
-            } else if (!is_continuation(r)) {
+            } else if (own_link || !is_continuation(r)) {
                 deleting = false;
             }
             if (deleting) doomed.push_back(r.ID);
@@ -79,7 +82,7 @@ void delete_module_and_links(ModuleTable& table, LinkRepairs& repairs) {
         repairs.ELIMINA_COLLEGAMENTI_DEL_MODULO(code);
         table.LEGGI_MODULO(code);
         if (table.STATO_MODULO != kModuloEsistente) continue;
-        table.CODICE_MODULO = code;
+        table.set_codice_modulo(code);
         table.CANCELLA_MODULO();
     }
     t.commit();
@@ -94,7 +97,7 @@ void renumber_module_and_links(ModuleTable& table, LinkRepairs& repairs,
     for (NickRow& r : table.RIGHE_MODULO.rows) r.codice = new_code;
     repairs.AGGIORNA_NUMEROMODULO_NEI_LINK(old_code, nuovo_numero);
     table.MODIFICA_MODULO();  // finds the rows by the old code
-    table.CODICE_MODULO = new_code;
+    table.set_codice_modulo(new_code);
     t.commit();
 }
 

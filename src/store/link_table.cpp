@@ -63,6 +63,15 @@ bool LinkTable::read_row(std::int64_t id, LinkRow& row) {
     return true;
 }
 
+std::vector<LinkRow> LinkTable::rows_of_receiver(std::string_view identificativoRX) {
+    sqlite::Statement q = project_.database().prepare(
+        std::string(kColumns) + "WHERE identificativoRX = ?1 COLLATE NOCASE ORDER BY ID");
+    q.bind(1, identificativoRX);
+    std::vector<LinkRow> rows;
+    while (q.step()) rows.push_back(row_from(q));
+    return rows;
+}
+
 void LinkTable::LEGGI_LINK() {
     TABELLA_LINK.clear();
     // Rows without a receiver are second pages: nothing reads them from here.

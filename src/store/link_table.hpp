@@ -80,6 +80,8 @@ class LinkTable {
 
     // One row as stored; false when there is none with that ID.
     bool read_row(std::int64_t id, LinkRow& row);
+    // Every row whose identificativoRX is this one, in ID order, read at once.
+    std::vector<LinkRow> rows_of_receiver(std::string_view identificativoRX);
 
   private:
     Project& project_;

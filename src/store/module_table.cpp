@@ -292,4 +292,9 @@ void ModuleTable::AGGIUNGI_MODULO() {
     t.commit();
 }
 
+void ModuleTable::set_codice_modulo(std::string_view codice) {
+    CODICE_MODULO = std::string(codice);
+    TIPO_MODULO = std::string(basic::mid(codice, 5, 2));
+}
+
 }  // namespace filo::store

@@ -41,6 +41,9 @@ class ModuleTable {
     std::string STATO_MODULO;
     std::string CODICE_MODULO;
     std::string TIPO_MODULO;
+    // The module to work on: CODICE_MODULO, and TIPO_MODULO from its
+    // characters 5 and 6.
+    void set_codice_modulo(std::string_view codice);
     std::string RISERVA3_RIGA1_USATA;
     std::string RISERVA3_RIGHE23_USATE;
     // "SI" makes MODIFICA_MODULO mark the rows deleted as it writes them.

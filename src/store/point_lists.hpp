@@ -85,6 +85,9 @@ class PointLists {
     // of the link of LINK_CORRENTE's output; then the analogue inputs, the
     // temperature references and the external thermostats by name, but the
     // command point ID_COMANDO. CANALE_FORZATO is left at the channel.
+    // True after ELENCO_ANALOGICI when no channel was free: the caller shows
+    // ALL_CHANNELS_USED, titled ATTENZIONE.
+    bool all_channels_used = false;
     std::vector<ListEntry> ELENCO_ANALOGICI(GatewayChannels& channels, LinkQueries& queries,
                                             std::string_view STESSO_MODO, std::int64_t ID_COMANDO);
 

@@ -33,7 +33,7 @@ std::vector<ListEntry> PointLists::ELENCO_ANALOGICI(GatewayChannels& channels, L
                                                     std::string_view STESSO_MODO,
                                                     std::int64_t ID_COMANDO) {
     std::vector<ListEntry> list;
-    channels.CERCA_CANALE();
+    all_channels_used = channels.CERCA_CANALE();
     if (STESSO_MODO == "SI") {
         // The link being edited keeps its channel.
         queries.LEGGI_ASSOCIATI_A_UTILIZZATORE();

@@ -3,6 +3,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace filo::sqlite {
 class Connection;
@@ -14,12 +15,20 @@ class LanguageTables;
 namespace filo::store {
 
 enum class ProjectProblem {
-    Missing,         // no file at the path
-    NotADatabase,    // the file is something else
-    MissingTables,   // a database without nick and associazioni
-    MissingColumns,  // the tables lack columns a project has
-    Unreadable,      // the file can't be read or written (permissions, I/O)
+    Missing,                   // no file at the path
+    NotADatabase,              // the file is something else
+    MissingTables,             // a database without nick and associazioni
+    MissingColumns,            // the tables lack columns a project has
+    Unreadable,                // the file can't be read or written (permissions, I/O)
+    NotWritable,               // a change asked of a project whose file or folder is read-only
+    ForeignCode,               // the file holds triggers or views, which are never run
+    DataDirectoryNotWritable,  // the program's own folder refuses the templates
 };
+
+// How a project is opened. ReadOnly works on a file or folder that the user
+// cannot write, and leaves the file as it was; Inspect also opens a file
+// that holds triggers or views, to list them.
+enum class Access { ReadWrite, ReadOnly, Inspect };
 
 // Why a project could not be opened or used. The file was left as it was.
 class ProjectError : public std::runtime_error {
@@ -61,10 +70,14 @@ class Project {
     // Opens PERCORSO_PROGETTO, checks that it is a project and upgrades an
     // older one. A new connection replaces the previous one only on success.
     // Throws ProjectError.
-    void APRI_DATABASE_NICK();
+    void APRI_DATABASE_NICK(Access access = Access::ReadWrite);
 
     // Sets the name and path from a file, then opens it.
-    void open(const std::filesystem::path& file);
+    void open(const std::filesystem::path& file, Access access = Access::ReadWrite);
+
+    // The triggers and views of the file, "trigger <name>" or "view <name>",
+    // found at the last opening (which only Inspect lets through).
+    const std::vector<std::string>& foreign_code() const { return foreign_code_; }
 
     bool is_open() const;
     // The connection of the open project; throws ProjectError when none is.
@@ -73,6 +86,7 @@ class Project {
 
   private:
     std::unique_ptr<sqlite::Connection> connection_;
+    std::vector<std::string> foreign_code_;
 };
 
 }  // namespace filo::store

@@ -33,8 +33,20 @@ void write_empty_project(const fs::path& target) {
 
 void ProjectFiles::ensure_empty_project() const {
     if (fs::exists(empty_project())) return;
-    if (!fs::exists(master_copy())) write_empty_project(master_copy());
-    platform::copy_file_safely(master_copy(), empty_project(), false);
+    // The templates are the program's own files: a failure here is the data
+    // directory's, never the project's.
+    if (::access(directory_.c_str(), W_OK) != 0)
+        throw ProjectError(ProjectProblem::DataDirectoryNotWritable, directory_.string());
+    try {
+        if (!fs::exists(master_copy())) write_empty_project(master_copy());
+        platform::copy_file_safely(master_copy(), empty_project(), false);
+    } catch (const sqlite::SqlError& e) {
+        throw ProjectError(ProjectProblem::DataDirectoryNotWritable,
+                           directory_.string() + ": " + e.what());
+    } catch (const fs::filesystem_error& e) {
+        throw ProjectError(ProjectProblem::DataDirectoryNotWritable,
+                           directory_.string() + ": " + e.what());
+    }
 }
 
 ProjectFiles::Creation ProjectFiles::create_project(const fs::path& target) const {

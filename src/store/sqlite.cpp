@@ -12,6 +12,23 @@ namespace {
     throw SqlError(db ? sqlite3_extended_errcode(db) : rc, message);
 }
 
+// file:<path>?immutable=1, with the characters that a URI reserves escaped.
+std::string immutable_uri(const std::filesystem::path& file) {
+    std::string uri = "file:";
+    for (char c : std::filesystem::absolute(file).string()) {
+        if (c == '%' || c == '?' || c == '#') {
+            static constexpr char kHex[] = "0123456789ABCDEF";
+            const auto b = static_cast<unsigned char>(c);
+            uri += '%';
+            uri += kHex[b >> 4];
+            uri += kHex[b & 0xF];
+        } else {
+            uri += c;
+        }
+    }
+    return uri + "?immutable=1";
+}
+
 }  // namespace
 
 bool SqlError::not_a_database() const {
@@ -30,8 +47,13 @@ Connection::Connection(const std::filesystem::path& file, OpenMode mode) {
         case OpenMode::ReadOnly:
             flags |= SQLITE_OPEN_READONLY;
             break;
+        case OpenMode::ReadOnlyImmutable:
+            flags |= SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
+            break;
     }
-    int rc = sqlite3_open_v2(file.c_str(), &db_, flags, nullptr);
+    const std::string name =
+        mode == OpenMode::ReadOnlyImmutable ? immutable_uri(file) : file.string();
+    int rc = sqlite3_open_v2(name.c_str(), &db_, flags, nullptr);
     if (rc != SQLITE_OK) {
         std::string message = db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(rc);
         sqlite3_close(db_);
@@ -40,6 +62,14 @@ Connection::Connection(const std::filesystem::path& file, OpenMode mode) {
     }
     sqlite3_extended_result_codes(db_, 1);
     sqlite3_busy_timeout(db_, 2000);
+    // A file from elsewhere runs no code of its own: no triggers or views
+    // that call our functions, no writes to the schema behind our back.
+    sqlite3_db_config(db_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(db_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+}
+
+bool Connection::read_only() const {
+    return db_ && sqlite3_db_readonly(db_, "main") == 1;
 }
 
 Connection::~Connection() {

@@ -25,7 +25,9 @@ class SqlError : public std::runtime_error {
     int code_;
 };
 
-enum class OpenMode { ReadWrite, ReadWriteCreate, ReadOnly };
+// ReadOnlyImmutable reads a file that nothing can change, such as one in a
+// folder nobody may write: no lock is taken and no journal is looked for.
+enum class OpenMode { ReadWrite, ReadWriteCreate, ReadOnly, ReadOnlyImmutable };
 
 class Statement;
 
@@ -40,6 +42,8 @@ class Connection {
     Connection& operator=(const Connection&) = delete;
 
     bool is_open() const { return db_ != nullptr; }
+    // True when writes are refused: opened read-only, or the file is.
+    bool read_only() const;
     void close();
 
     // Runs statements that bind nothing and return no rows.

@@ -11,7 +11,8 @@ void Voice::PARLA() {
 }
 
 void Voice::use_language(Language language) {
-    if (engine_) engine_->set_language(speech_language(language));
+    // Without the language's voice the default one speaks: better than mute.
+    if (engine_ && !engine_->set_language(speech_language(language))) engine_->set_language("");
 }
 
 }  // namespace filo::texts

@@ -64,6 +64,27 @@ TEST_F(BusCliTest, FramePutsTheChecksumBehindTheStartMark) {
     }
 }
 
+TEST_F(BusCliTest, SendRefusesWhatIsNotAFrameBeforeTouchingThePort) {
+    const std::string unknown =
+        "Trama non valida: cifre esadecimali maiuscole nella lunghezza di un tipo di trama: ";
+    const struct {
+        const char* frame;
+        std::string err;
+    } cases[] = {
+        {"(]", unknown + "(]"},
+        {"(ZZZZZZZZZ]", unknown + "(ZZZZZZZZZ]"},
+        {"(30012ec05]", unknown + "(30012ec05]"},
+        {"(30012EC05", "Trama non valida: deve iniziare con ( o [ e finire con ]"},
+        {"(30012\nEC05]", unknown + "(30012\\x0AEC05]"},
+        {"(30012\x1b[2JEC05]", unknown + "(30012\\x1B[2JEC05]"},
+    };
+    for (const auto& c : cases) {
+        const auto r = cli({"send", "--port", (dir / "nessuna").string(), c.frame});
+        EXPECT_EQ(r.exit_code, 1) << c.frame;
+        EXPECT_EQ(r.err, c.err + "\n") << c.frame;
+    }
+}
+
 TEST_F(BusCliTest, MissingArgumentsAreWrongUsage) {
     EXPECT_EQ(cli({"code"}).exit_code, 2);
     EXPECT_EQ(cli({"frame"}).exit_code, 2);

@@ -33,6 +33,24 @@ TEST_F(CliTest, NewCreatesAProjectOnceAndMakesTheTemplates) {
 
     auto spanish = cli({"--lang", "SPA", "new", (dir / "dos.TRN").string()});
     EXPECT_EQ(spanish.exit_code, 0) << spanish.err;
+
+    // A project is <name>.TRN whatever else the name ends with.
+    const struct {
+        const char* typed;
+        const char* file;  // made, or nullptr for a refusal
+        const char* out;
+    } names[] = {{"x.txt", "x.txt.TRN", "Progetto x.txt Creato\n"},
+                 {"tre.trn", "tre.trn", "Progetto tre Creato\n"},
+                 {".TRN", nullptr, ""},
+                 {".trn", nullptr, ""}};
+    for (const auto& n : names) {
+        auto r = cli({"new", (dir / n.typed).string()});
+        EXPECT_EQ(r.exit_code, n.file ? 0 : 1) << n.typed;
+        EXPECT_EQ(r.out, n.out) << n.typed;
+        if (n.file) EXPECT_TRUE(std::filesystem::exists(dir / n.file)) << n.typed;
+    }
+    EXPECT_FALSE(std::filesystem::exists(dir / ".TRN.TRN"));
+    EXPECT_FALSE(std::filesystem::exists(dir / "x.txt"));
 }
 
 TEST_F(CliTest, ModulesPrintsBothListsOfTheProjectWindow) {

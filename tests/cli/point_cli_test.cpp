@@ -78,6 +78,19 @@ TEST_F(PointCliTest, PointsRefusesWhatTheEditorCannotHold) {
     EXPECT_EQ(cli({"points", (dir / "manca.TRN").string(), "--outputs"}).exit_code, 1);
 }
 
+TEST_F(PointCliTest, AnalogsOfferTheNextChannelUntilNoneIsFree) {
+    auto first = cli({"points", project, "--analogs"});
+    EXPECT_EQ(first.exit_code, 0) << first.err;
+    EXPECT_EQ(first.out, "1000001\tNet Gate  canale 1\n");
+    sql("INSERT INTO associazioni (ID, identificativoRX, identificativoTX, numero_uscita, "
+        "nick_ricevente, numero_ingresso, nick_trasmittente, opzione, modo_) VALUES "
+        "(1, '000315/1', 'FFFEFF/249', '1', 'Luce', '249', 'NET_GATE', 'a', '010000003')");
+    auto full = cli({"points", project, "--analogs"});
+    EXPECT_EQ(full.exit_code, 1);
+    EXPECT_EQ(full.err, "TUTTI I CANALI DISPONIBILI SONO USATI\n");
+    EXPECT_EQ(full.out, "");
+}
+
 TEST_F(PointCliTest, CheckReportsWhatOthersLeftBehind) {
     run_ok({"add-module", project, printed("000315"), "--note", "Sala"});
     run_ok({"set-point", project, "000315/9", "--name", "Luce sala"});
@@ -99,7 +112,9 @@ TEST_F(PointCliTest, CheckReportsWhatOthersLeftBehind) {
     EXPECT_EQ(found.exit_code, 1);
     EXPECT_EQ(found.out,
               "Collegamento 1: l'utilizzatore è in un modulo che non è nel progetto: 009911/1\n"
-              "Modulo power-line non completato: 00121F\n");
+              "Modulo power-line non completato: 00121F (l'ingresso 8 va chiamato \"(COMANDO) \" "
+              "e il nome dell'uscita 1, e collegato all'uscita 1: salvando il modulo o aprendo il "
+              "progetto in Filo si completa)\n");
     auto french = cli({"--lang", "FRA", "check", project});
     EXPECT_EQ(french.out.substr(0, french.out.find('\n')),
               "Liaison 1: le récepteur est dans un module absent du projet : 009911/1");

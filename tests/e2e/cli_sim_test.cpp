@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "bus/checksum.hpp"
 #include "bus/frame_builder.hpp"
 #include "platform/serial_port.hpp"
 #include "store/module_table.hpp"
@@ -110,12 +111,14 @@ TEST_F(CliSimTest, TheDumpIsWrittenOnTerminationWithWhatWasProgrammed) {
         f.erase(std::remove(f.begin(), f.end(), ' '), f.end());
         EXPECT_EQ(cli({"send", "--port", sim.port(), f}).exit_code, 0) << f;
     }
+    // A frame typed with its checksum goes as it is, not with a second one.
+    EXPECT_EQ(cli({"send", "--port", sim.port(), bus::with_checksum("(300126810]")}).exit_code, 0);
     EXPECT_EQ(sim.stop(), 0);
     const auto d = dump();
-    EXPECT_EQ(d["modules"]["00121F"]["registers"], nlohmann::json({{"67", "0F"}}));
+    EXPECT_EQ(d["modules"]["00121F"]["registers"], nlohmann::json({{"67", "0F"}, {"68", "10"}}));
     EXPECT_EQ(d["modules"]["00121F"]["resets"], 1);
     EXPECT_EQ(d["modules"]["00304A"]["remotes"], nlohmann::json({{"1", "A1B2"}}));
-    EXPECT_EQ(d["frames"], 4);
+    EXPECT_EQ(d["frames"], 5);
 }
 
 TEST_F(CliSimTest, ControlLinesBecomeFramesOfTheModule) {

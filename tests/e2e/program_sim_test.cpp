@@ -2,9 +2,14 @@
 // what the modules hold afterwards is what the project says.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <chrono>
 #include <cstdlib>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <sstream>
+#include <thread>
 
 #include "store/link_table.hpp"
 #include "store/module_table.hpp"
@@ -161,7 +166,9 @@ TEST_F(ProgramSimTest, AfterTenFailuresTheInstallersAnswerStopsTheRun) {
     SimProcess sim({"--modules", "00B011", "--dump", (dir / "dump.json").string()});
     const auto run = cli({"program", file.string(), "--port", sim.port(), "--on-errors", "stop"});
     EXPECT_EQ(run.exit_code, 3);
-    EXPECT_NE(run.out.find("Programmazione sospesa"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("Programmazione sospesa dopo dieci trame"), std::string::npos)
+        << run.out;
+    EXPECT_EQ(run.out.find("dall'utente"), std::string::npos) << run.out;
     ASSERT_EQ(sim.stop(), 0);
     const json d = dump();
     EXPECT_EQ(d["modules"]["00B011"]["resets"], 1);  // the phase in hand ran to its end
@@ -185,6 +192,42 @@ TEST_F(ProgramSimTest, AnswersLateForTheFirstWindowLandInTheRepeat) {
     EXPECT_NE(report.find(" NO\r\n"), std::string::npos) << report;
     EXPECT_EQ(report.find("/ /"), std::string::npos) << report;
     EXPECT_EQ(dump()["modules"]["001211"]["registers"], json({{"67", "01"}}));
+}
+
+TEST_F(ProgramSimTest, APortThatGoesMidRunLeavesAReportOfWhereTheRunStopped) {
+    build_installation();
+    auto sim = std::make_unique<SimProcess>(std::vector<std::string>{"--project", file.string()});
+    testing::ChildProcess run =
+        testing::start_program("filo-cli", {"program", file.string(), "--port", sim->port()},
+                               {{"FILO_HOME", home().string()}});
+    ::close(run.in);
+    // One second in the run is in the reset phase's pause of two seconds.
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    sim.reset();
+    auto drain = [](int fd) {
+        std::string text;
+        char buffer[4096];
+        for (ssize_t n; (n = ::read(fd, buffer, sizeof buffer)) > 0;)
+            text.append(buffer, static_cast<std::size_t>(n));
+        ::close(fd);
+        return text;
+    };
+    const std::string out = drain(run.out), err = drain(run.err);
+    EXPECT_EQ(testing::wait_for_exit(run.pid), 3) << err;
+    std::filesystem::path saved;
+    for (const auto& entry : std::filesystem::directory_iterator(home()))
+        if (entry.path().string().ends_with(" REPORT.txt")) saved = entry.path();
+    ASSERT_FALSE(saved.empty());
+    EXPECT_NE(err.find(saved.string()), std::string::npos) << err;
+    const std::string report = testing::read_file(saved);
+    EXPECT_NE(report.find("\r\nPROGRAMMAZIONE INTERROTTA, NON ARRIVATA ALLA FINE: La porta seriale "
+                          "non risponde più"),
+              std::string::npos)
+        << report;
+    EXPECT_NE(report.find("\r\nInterrotta nella fase: "), std::string::npos) << report;
+    EXPECT_NE(report.find(", Testi, CARD, Associazioni, preset temperatura"), std::string::npos)
+        << report;
+    EXPECT_EQ(out.find("PROGRAMMAZIONE TERMINATA"), std::string::npos) << out;
 }
 
 TEST_F(ProgramSimTest, CtrlCStopsTheRunAtItsNextStopTestAndItStillCloses) {

@@ -365,6 +365,8 @@ TEST_F(ProgrammingWindowTest, TheViewShowsTheRunAndForwardsClicks) {
     auto* bar = child<QProgressBar>(&form, "ProgressBar1_1");
     EXPECT_EQ(bar->maximum(), 3);
     EXPECT_EQ(bar->value(), 3);
+    // A project without links has none to write, not one still to come.
+    EXPECT_EQ(child<QProgressBar>(&form, "ProgressBar1_2")->text(), "0 / 0");
     // The report's boxes hold its lines, one a line, as the run gave them.
     const auto lines = [](const std::string& text) {
         return static_cast<int>(std::count(text.begin(), text.end(), '\n'));

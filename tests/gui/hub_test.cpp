@@ -196,6 +196,11 @@ TEST_F(HubTest, ProgrammingNeedsTheLineAndAsksForItFirst) {
 TEST_F(HubTest, TheScanOffersTheModulesThatAnswerAndTheProjectLacks) {
     add_module("00121F");
     line.set_peer(installation({{0x12, 0x1F}, {0x30, 0x15}, {0x31, 0x14}, {0x12, 0x15}}));
+    // What the window shows when the offer comes up.
+    std::vector<std::string> shown_at_offer;
+    host.changed = [&] {
+        if (messages.asked.empty()) shown_at_offer = hub().List2;
+    };
     // Off line the connection comes first; with no port chosen, no scan.
     hub().menu_click(app::ProjectHub::Scan);
     EXPECT_EQ(connection_shown, 1);
@@ -215,6 +220,7 @@ TEST_F(HubTest, TheScanOffersTheModulesThatAnswerAndTheProjectLacks) {
     // 0012 is in the project by number and type 1F; 001215 is another type
     // on the same number: offered, and refused when entered.
     EXPECT_EQ(hub().List2, (std::vector<std::string>{"001215", "003015", "003114"}));
+    EXPECT_EQ(shown_at_offer, hub().List2);
     ASSERT_EQ(messages.asked.size(), 3u);
     EXPECT_EQ(messages.asked[0].text,
               "RILEVATI MODULI NON INSERITI NEL PROGETTO\nVUOI INSERIRLI ?");

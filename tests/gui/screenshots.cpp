@@ -14,8 +14,10 @@
 #include "app/demo.hpp"
 #include "app/form1.hpp"
 #include "app/form3.hpp"
+#include "app/form4.hpp"
 #include "app/main_menu.hpp"
 #include "app/mdi_form1.hpp"
+#include "app/programming_window.hpp"
 #include "app/project_hub.hpp"
 #include "app/qt_port_host.hpp"
 #include "app/seriale.hpp"
@@ -134,5 +136,15 @@ int main(int argc, char** argv) {
     connection.show();
     ok &= save(&connection, out, "08-connection.png");
     connection.hide();
+
+    // The programming window, its run over the demo installation to the end.
+    window.open_programming();
+    auto* programming = window.findChild<filo::app::Form4*>();
+    QElapsedTimer run;
+    run.start();
+    while (programming && (programming->tool().runs == 0 || programming->tool().in_progress()) &&
+           run.elapsed() < 120000)
+        settle(100);
+    ok &= save(&window, out, "09-programming.png");
     return ok ? 0 : 1;
 }

@@ -1,10 +1,13 @@
 // The main menu, the new project and the connection, without a screen.
 #include <fstream>
+#include <functional>
 
 #include "app/connection.hpp"
 #include "app/main_menu.hpp"
 #include "app/new_project.hpp"
+#include "app/project_hub.hpp"
 #include "app/single_instance.hpp"
+#include "bus/module_code.hpp"
 #include "gui/gui_fixture.hpp"
 
 namespace filo::testing {
@@ -134,7 +137,7 @@ TEST_F(SessionTest, ANewProjectIsCopiedFromTheEmptyOneUnderAValidName) {
         {"Casa Bianchi", true, {"Progetto Casa Bianchi Creato", "     Creazione progetto"}},
         {"Casa Bianchi",
          false,
-         {"Casa Bianchi Questo progetto esiste già", "     Creazione progetto"}},
+         {"Casa Bianchi  Questo progetto esiste già", "     Creazione progetto"}},
     };
     for (const auto& c : cases) {
         messages.shown.clear();
@@ -227,6 +230,57 @@ TEST_F(ConnectionTest, TheSearchTriesEveryPortAndTakesTheFirstThatEchoes) {
         EXPECT_FALSE(std::filesystem::exists(dir.path() / "CONFIGURAZIONI.TTN"));
         EXPECT_EQ(connection.Label1,
                   c.found.empty() ? "OFF_LINE " : "ON_LINE  su comm   " + c.found);
+    }
+}
+
+// The messages of start-up, the project window and the connection, blanks
+// and line breaks as the installer reads them.
+TEST_F(ConnectionTest, MessagesReadExactlyAsWritten) {
+    app::MainMenu menu{session};
+    app::NewProject form{session};
+    app::HubHost host{[] {}, [] {}, [] {}, [](int) {}};
+    std::unique_ptr<app::ProjectHub> hub;
+    auto type = [&](const std::string& code) {
+        if (!hub) hub = std::make_unique<app::ProjectHub>(session, host);
+        hub->load();
+        hub->Text3_Change(code);
+        if (hub->Timer2) hub->Timer2_Timer();
+    };
+    const std::string creation = "     Creazione progetto";
+    const struct {
+        std::function<void()> action;
+        Shown told;
+    } cases[] = {
+        {[&] {
+             std::ofstream(dir.path() / "CONFIGURAZIONI.TTN") << "ERRORE1\n";
+             menu.load();
+         },
+         {"Altre periferiche installate su questo PC non consentono\n"
+          "il rilevamento automatico della porta seriale di comunicazione. \n\n"
+          "Per risolvere il problema puoi : \n"
+          "SELEZIONARE MANUALMENTE  DA UN ELENCO   \n"
+          "la porta seriale a cui hai connesso il programmatore \n\n"
+          "OPPURE ELIMINARE IL CONFLITTO e riprovare la CONNESSIONE AUTOMATICA ",
+          "           F i l o "}},
+        {[&] { menu.open_project(dir.path() / "nessuno.TRN"); },
+         {" Questo progetto non esiste", ""}},
+        {[&] { form.create(" Villa"); }, {"Inserire un nome progetto valido", creation}},
+        {[&] { form.create("Villa"); }, {"Progetto Villa Creato", creation}},
+        {[&] { form.create("Villa"); }, {"Villa  Questo progetto esiste già", creation}},
+        {[&] { connection.choose("/dev/ttyS9"); },
+         {"Controlla il sistema", "Errore di assegnazione porta seriale"}},
+        {[&] { type("00131F00"); }, {"Codice inserito non corretto", "ATTENZIONE"}},
+        {[&] {
+             add_module("00121F");
+             type(bus::printed_code("001215"));
+         },
+         {"Codice già in uso in questo progetto", "ATTENZIONE"}},
+    };
+    for (const auto& c : cases) {
+        messages.shown.clear();
+        c.action();
+        ASSERT_FALSE(messages.shown.empty()) << c.told.text;
+        EXPECT_EQ(messages.shown[0], c.told);
     }
 }
 

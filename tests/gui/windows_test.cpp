@@ -15,6 +15,7 @@
 #include "app/project_hub.hpp"
 #include "bus/module_code.hpp"
 #include "gui/gui_fixture.hpp"
+#include "support/run_program.hpp"
 
 namespace filo::testing {
 namespace {
@@ -72,17 +73,20 @@ TEST_F(WindowsTest, TheMainMenuFollowsTheLevelAndTheLanguageChosen) {
     click("Label6_0");
     EXPECT_EQ(child<QLabel>(form(), "Label4")->text(), "1");
     EXPECT_EQ(session.LIVELLO, 1);
+    // The toolkit's question buttons follow the language too.
     const struct {
         const char* flag;
         const char* open;
         const char* exit;
-    } cases[] = {{"Image3_2", "Ouvrir un projet ", "Quitter le programme "},
-                 {"Image3_3", "Öffnen ", "Programm beenden "},
-                 {"Image3_4", "Apri progetto ", "Esci dal programma "}};
+        const char* yes;
+    } cases[] = {{"Image3_2", "Ouvrir un projet ", "Quitter le programme ", "&Oui"},
+                 {"Image3_3", "Öffnen ", "Programm beenden ", "&Ja"},
+                 {"Image3_4", "Apri progetto ", "Esci dal programma ", "&Sì"}};
     for (const auto& c : cases) {
         click(c.flag);
         EXPECT_EQ(child<QLabel>(form(), "Label1")->text(), QString::fromUtf8(c.open));
         EXPECT_EQ(child<QLabel>(form(), "Label3")->text(), QString::fromUtf8(c.exit));
+        EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "&Yes"), QString::fromUtf8(c.yes));
     }
     // The help panel goes and comes back with the "i".
     EXPECT_TRUE(child<QGroupBox>(form(), "Frame1")->isVisible());
@@ -105,6 +109,9 @@ TEST_F(WindowsTest, ANewProjectLeadsToTheProjectWindowAndBack) {
     click("Image1_5");
     QTRY_COMPARE(form()->objectName(), QString("Form1"));
     EXPECT_EQ(session.PROGETTO_CHIUSO, "SI");
+    // Nor may the main menu be closed but by its own exit.
+    window().close();
+    EXPECT_TRUE(window().isVisible());
 }
 
 TEST_F(WindowsTest, OpeningAFileShowsItsProjectAndNothingHappensWithoutOne) {
@@ -199,6 +206,16 @@ TEST_F(WindowsTest, TheConnectionWindowTakesATypedPathAndTheWindowsShowTheLine) 
     EXPECT_EQ(dialogs.size(), 1u);
     EXPECT_EQ(session.PORTA_COM, "");
     EXPECT_EQ(child<QLabel>(form(), "Label9")->text(), "Connetti all'impianto ");
+}
+
+// Options are answered before the toolkit looks for a display.
+TEST(FiloProgram, AnswersItsOptionsWithoutADisplay) {
+    const std::map<std::string, std::string> no_display = {
+        {"QT_QPA_PLATFORM", "xcb"}, {"DISPLAY", ""}, {"WAYLAND_DISPLAY", ""}};
+    const auto help = run_program("filo", {"--help"}, no_display);
+    EXPECT_EQ(help.exit_code, 0) << help.err;
+    EXPECT_NE(help.out.find("--demo"), std::string::npos) << help.out;
+    EXPECT_EQ(run_program("filo", {"--no-such-option"}, no_display).exit_code, 1);
 }
 
 }  // namespace

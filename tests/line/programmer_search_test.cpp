@@ -6,6 +6,7 @@
 #include <map>
 
 #include "bus/virtual_line.hpp"
+#include "platform/pty.hpp"
 #include "platform/serial_port.hpp"
 #include "support/temp_dir.hpp"
 
@@ -13,7 +14,7 @@ namespace filo::bus {
 namespace {
 
 // A port whose device echoes the search digits, stays silent, or is gone.
-enum class Device { Programmer, Silent, Missing, Modem };
+enum class Device { Programmer, Silent, Missing, Modem, Busy };
 
 class FakePort final : public platform::SerialPort {
   public:
@@ -53,6 +54,7 @@ class SearchTest : public ::testing::Test {
                 opened_.push_back(path);
                 if (!devices_.count(path) || devices_[path] == Device::Missing)
                     throw platform::PortError(path, "no such device");
+                if (devices_[path] == Device::Busy) throw platform::PortBusy(path);
                 return std::make_unique<FakePort>(path, devices_[path], clock_);
             });
     }
@@ -65,12 +67,14 @@ class SearchTest : public ::testing::Test {
 TEST_F(SearchTest, TheFirstPortThatEchoesWinsAndEveryPortIsTried) {
     auto search = search_over({{"/dev/ttyS0", Device::Silent},
                                {"/dev/ttyUSB0", Device::Missing},
+                               {"/dev/ttyACM0", Device::Busy},
                                {"/dev/ttyUSB1", Device::Programmer},
                                {"/dev/ttyUSB2", Device::Programmer}});
-    const std::vector<std::string> ports = {"/dev/ttyS0", "/dev/ttyUSB0", "/dev/ttyUSB1",
-                                            "/dev/ttyUSB2"};
+    const std::vector<std::string> ports = {"/dev/ttyS0", "/dev/ttyUSB0", "/dev/ttyACM0",
+                                            "/dev/ttyUSB1", "/dev/ttyUSB2"};
     EXPECT_EQ(search.CONNETTI(ports), "/dev/ttyUSB1");
     EXPECT_EQ(opened_, ports);
+    EXPECT_EQ(search.busy_ports, std::vector<std::string>{"/dev/ttyACM0"});
     // A silent port costs its 0.1 s; the ports after the programmer are still tried.
     EXPECT_NEAR(clock_.now(), 0.1 + 0.0, 1e-9);
     EXPECT_FALSE(std::filesystem::exists(dir_ / "CONFIGURAZIONI.TTN"));
@@ -101,6 +105,15 @@ TEST_F(SearchTest, AMarkerLeftBehindIsToldUntilTheNextSearch) {
     search.CONNETTI({"/dev/ttyUSB0"});
     EXPECT_TRUE(marker_seen);
     EXPECT_FALSE(previous_search_failed(dir_.path()));
+}
+
+// The port is this program's alone while it is open.
+TEST(SerialPort, AHeldPortIsRefusedAsBusyUntilItIsClosed) {
+    platform::PseudoTerminal pty;
+    auto held = platform::open_serial_port(pty.slave_path());
+    EXPECT_THROW(platform::open_serial_port(pty.slave_path()), platform::PortBusy);
+    held.reset();
+    EXPECT_NO_THROW(platform::open_serial_port(pty.slave_path()));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // nick; the integrity check says where a project edited elsewhere is not.
 #include <gtest/gtest.h>
 
+#include "store/channels.hpp"
 #include "store/integrity.hpp"
 #include "store/link_repairs.hpp"
 #include "store/point_fixture.hpp"
@@ -43,8 +44,8 @@ TEST_F(LinkRepairsTest, DeletingAModuleTakesEveryLinkWithAnEndInIt) {
     second_page();                                        // 5
     link("000211/1", "Luce ", "00030B/1", "Tasto");       // 6: with a reference value
     second_page();                                        // 7
-    link("000211/1", "Luce ", "FFFEFF/3", "NET_GATE", "010000003", "a");  // 8: set by the gateway
-    second_page();                                                        // 9
+    link("000211/1", "Luce ", "FFFEFF/3", "NET_GATE", "010000003", "a");  // 8: stays, a link
+    second_page();                                                        // 9    of its own
     link("000211/1", "Luce ", "000211/1", "Pulsante");                    // 10: stays
     second_page();                                                        // 11
     link("000211/1", "Luce ", "00030B/1", "Tasto");                       // 12
@@ -56,7 +57,7 @@ TEST_F(LinkRepairsTest, DeletingAModuleTakesEveryLinkWithAnEndInIt) {
     links.LEGGI_LINK();
     repairs.ELIMINA_COLLEGAMENTI_DEL_MODULO("00030b");
     EXPECT_EQ(links.N_LINK(), 0);
-    EXPECT_EQ(link_ids(), (std::vector<std::int64_t>{10, 11, 15}));
+    EXPECT_EQ(link_ids(), (std::vector<std::int64_t>{8, 9, 10, 11, 15}));
 }
 
 TEST_F(LinkRepairsTest, RenumberingMovesBothEndsAndKeepsNamesAndTypes) {
@@ -168,7 +169,10 @@ TEST_F(LinkRepairsTest, IntegrityOfAProjectEditedElsewhere) {
     EXPECT_EQ(describe(expected[0], texts),
               "Collegamento 2: il nome dell'utilizzatore non è quello del progetto: 000211/1 "
               "\"Luce vecchia \" / \"Luce \"");
-    EXPECT_EQ(describe(expected.back(), texts), "Modulo power-line non completato: 00041F");
+    EXPECT_EQ(describe(expected.back(), texts),
+              "Modulo power-line non completato: 00041F (l'ingresso 8 va chiamato \"(COMANDO) \" e "
+              "il nome dell'uscita 1, e collegato all'uscita 1: salvando il modulo o aprendo il "
+              "progetto in Filo si completa)");
 }
 
 // Renames, renumberings and deletions in random order on a project full of
@@ -193,6 +197,7 @@ TEST_F(LinkRepairsTest, NoSequenceOfChangesLeavesALinkBehind) {
         for (int campo = 1; campo <= modules.back().rows; ++campo)
             name(code, campo, "P" + std::string(code) + "." + std::to_string(campo) + " ");
     }
+    GatewayChannels(table).AGGIUNGI_KNG();
     auto nick_of = [this](const std::string& codice, int campo) {
         auto q =
             project.database().prepare("SELECT nick FROM nick WHERE codice = ?1 AND campo = ?2");
@@ -207,8 +212,12 @@ TEST_F(LinkRepairsTest, NoSequenceOfChangesLeavesALinkBehind) {
         const int kind = static_cast<int>(next(3));
         const int number = 1 + static_cast<int>(next(8)) + 8 * kind;
         const int campo = number <= 8 ? number : number - 8;
-        link(rx.code + "/" + std::to_string(output), nick_of(rx.code, output + 8),
-             tx.code + "/" + std::to_string(number), nick_of(tx.code, campo));
+        if (next(4) == 0)  // a reference value set over a gateway channel
+            link(rx.code + "/" + std::to_string(output), nick_of(rx.code, output + 8),
+                 "FFFEFF/" + std::to_string(k + 1), "NET_GATE", "010000003", "a");
+        else
+            link(rx.code + "/" + std::to_string(output), nick_of(rx.code, output + 8),
+                 tx.code + "/" + std::to_string(number), nick_of(tx.code, campo));
         if (next(2)) second_page();
     }
     ASSERT_TRUE(check_integrity(project).empty());
@@ -232,7 +241,15 @@ TEST_F(LinkRepairsTest, NoSequenceOfChangesLeavesALinkBehind) {
             renumber_module_and_links(table, repairs, code);
             modules[m].code = table.CODICE_MODULO;
         } else {
+            // Every link without an end in the module stays.
+            const std::string others =
+                "SELECT COUNT(*) FROM associazioni WHERE identificativoRX <> '' AND "
+                "substr(identificativoRX, 1, 6) <> '" +
+                modules[m].code + "' AND substr(identificativoTX, 1, 6) <> '" + modules[m].code +
+                "'";
+            const auto before = count(others);
             delete_module_and_links(table, repairs);
+            ASSERT_EQ(count(others), before) << "step " << step;
             modules.erase(modules.begin() + static_cast<std::ptrdiff_t>(m));
         }
         const std::vector<IntegrityFinding> findings = check_integrity(project);

@@ -478,7 +478,11 @@ TEST_F(PointListsTest, ReferenceSettersBeginWithTheGatewayChannel) {
         EXPECT_EQ(lists.ELENCO_ANALOGICI(channels, queries, c.stesso_modo, id("000111", 6)),
                   expected);
         EXPECT_EQ(channels.CANALE_FORZATO, c.channel);
+        EXPECT_FALSE(lists.all_channels_used);
     }
+    link("000225/3", "Luce 3", "FFFEFF/249", "NET_GATE", "010000003", "a");
+    lists.ELENCO_ANALOGICI(channels, queries, "NO", 0);
+    EXPECT_TRUE(lists.all_channels_used);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -16,12 +17,17 @@ class FakeEngine : public platform::SpeechEngine {
     bool busy = false;
     std::vector<std::string> said;
     std::string language;
+    std::vector<std::string> voices = {"it", "es", "fr", "de"};  // "" is always there
     bool is_speaking() const override { return busy; }
     void speak(std::string_view text) override {
         said.emplace_back(text);
         busy = true;
     }
-    void set_language(std::string_view l) override { language = l; }
+    bool set_language(std::string_view l) override {
+        if (!l.empty() && std::find(voices.begin(), voices.end(), l) == voices.end()) return false;
+        language = l;
+        return true;
+    }
 };
 
 TEST(Voice, SaysATextOnlyWhenIdleAndDropsWhatComesMeanwhile) {
@@ -55,6 +61,10 @@ TEST(Voice, SpeaksTheChosenLanguage) {
     EXPECT_EQ(engine.language, "fr");
     voice.use_language(Language::German);
     EXPECT_EQ(engine.language, "de");
+    // A system without the German voice speaks in the default one.
+    engine.voices = {"it"};
+    voice.use_language(Language::German);
+    EXPECT_EQ(engine.language, "");
 }
 
 }  // namespace
