@@ -8,6 +8,8 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
+#include <cstdlib>
+#include <filesystem>
 
 #include "app/form1.hpp"
 #include "app/form3.hpp"
@@ -210,6 +212,10 @@ TEST_F(WindowsTest, TheConnectionWindowTakesATypedPathAndTheWindowsShowTheLine) 
 
 // Options are answered before the toolkit looks for a display.
 TEST(FiloProgram, AnswersItsOptionsWithoutADisplay) {
+    // The programs are built beside this one.
+    if (!std::getenv("FILO_BIN_DIR"))
+        ::setenv("FILO_BIN_DIR",
+                 std::filesystem::read_symlink("/proc/self/exe").parent_path().c_str(), 1);
     const std::map<std::string, std::string> no_display = {
         {"QT_QPA_PLATFORM", "xcb"}, {"DISPLAY", ""}, {"WAYLAND_DISPLAY", ""}};
     const auto help = run_program("filo", {"--help"}, no_display);
