@@ -21,8 +21,8 @@ class ProjectAccessTest : public testing::CliFixture {
         run_ok({"set-point", project, "00121F/1", "--name", "Pulsante"});
     }
     ~ProjectAccessTest() override {
-        fs::permissions(shared, fs::perms::owner_all);
-        fs::permissions(project, fs::perms::owner_read | fs::perms::owner_write);
+        for (const fs::path& p : {dir.path(), shared, fs::path(project)})
+            fs::permissions(p, fs::perms::owner_all);
     }
     void run_ok(const std::vector<std::string>& args) {
         auto r = cli(args);
@@ -39,15 +39,15 @@ class ProjectAccessTest : public testing::CliFixture {
         wrapped.insert(wrapped.end(), args.begin(), args.end());
         return testing::run_program("/usr/bin/setpriv", wrapped, {{"FILO_HOME", home}});
     }
-    void lock_away() {
-        const auto all_read =
-            fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
-        const auto all_enter =
-            fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
-        fs::permissions(dir.path(), all_read | all_enter);
-        fs::permissions(shared, all_read | all_enter);
-        fs::permissions(project, all_read);
+    // Folders r-x and the project r-- for everyone, its owner included.
+    void lock_away(const std::vector<fs::path>& folders) {
+        for (const fs::path& f : folders) fs::permissions(f, kReadable | kEnterable);
+        fs::permissions(project, kReadable);
     }
+    static constexpr fs::perms kReadable =
+        fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
+    static constexpr fs::perms kEnterable =
+        fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
 
     fs::path shared = dir / "condivisa";
     std::string project;
@@ -55,7 +55,7 @@ class ProjectAccessTest : public testing::CliFixture {
 
 TEST_F(ProjectAccessTest, ReadingWorksOnAReadOnlyProjectAndLeavesItAsItWas) {
     const std::string before = testing::read_file(project);
-    lock_away();
+    lock_away({dir.path(), shared});
     const std::string home = (dir / "home").string();
     const std::vector<std::vector<std::string>> reading = {
         {"modules", project}, {"image", project, "00121F"},
@@ -78,9 +78,7 @@ TEST_F(ProjectAccessTest, ReadingWorksOnAReadOnlyProjectAndLeavesItAsItWas) {
 TEST_F(ProjectAccessTest, AnUnwritableDataDirectoryIsNamedAsSuch) {
     const fs::path home = dir / "programma";
     fs::create_directories(home);
-    lock_away();
-    fs::permissions(home, fs::perms::owner_all | fs::perms::group_read | fs::perms::others_read |
-                              fs::perms::group_exec | fs::perms::others_exec);
+    lock_away({home, dir.path()});
     const fs::path mine = fs::temp_directory_path() / ("filo-mine-" + std::to_string(::getpid()));
     fs::create_directories(mine);
     fs::permissions(mine, fs::perms::all);

@@ -2,8 +2,6 @@
 // what the modules hold afterwards is what the project says.
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <chrono>
 #include <cstdlib>
 #include <memory>
@@ -197,28 +195,20 @@ TEST_F(ProgramSimTest, AnswersLateForTheFirstWindowLandInTheRepeat) {
 TEST_F(ProgramSimTest, APortThatGoesMidRunLeavesAReportOfWhereTheRunStopped) {
     build_installation();
     auto sim = std::make_unique<SimProcess>(std::vector<std::string>{"--project", file.string()});
-    testing::ChildProcess run =
-        testing::start_program("filo-cli", {"program", file.string(), "--port", sim->port()},
-                               {{"FILO_HOME", home().string()}});
-    ::close(run.in);
-    // One second in the run is in the reset phase's pause of two seconds.
-    std::this_thread::sleep_for(std::chrono::seconds(1));
-    sim.reset();
-    auto drain = [](int fd) {
-        std::string text;
-        char buffer[4096];
-        for (ssize_t n; (n = ::read(fd, buffer, sizeof buffer)) > 0;)
-            text.append(buffer, static_cast<std::size_t>(n));
-        ::close(fd);
-        return text;
-    };
-    const std::string out = drain(run.out), err = drain(run.err);
-    EXPECT_EQ(testing::wait_for_exit(run.pid), 3) << err;
+    const std::string port = sim->port();
+    // One second in, the run is in the reset phase's pause of two seconds.
+    std::thread pull_out([&sim] {
+        std::this_thread::sleep_for(std::chrono::seconds(1));
+        sim.reset();
+    });
+    const auto run = cli({"program", file.string(), "--port", port});
+    pull_out.join();
+    EXPECT_EQ(run.exit_code, 3) << run.err;
     std::filesystem::path saved;
     for (const auto& entry : std::filesystem::directory_iterator(home()))
         if (entry.path().string().ends_with(" REPORT.txt")) saved = entry.path();
     ASSERT_FALSE(saved.empty());
-    EXPECT_NE(err.find(saved.string()), std::string::npos) << err;
+    EXPECT_NE(run.err.find(saved.string()), std::string::npos) << run.err;
     const std::string report = testing::read_file(saved);
     EXPECT_NE(report.find("\r\nPROGRAMMAZIONE INTERROTTA, NON ARRIVATA ALLA FINE: La porta seriale "
                           "non risponde più"),
@@ -227,7 +217,7 @@ TEST_F(ProgramSimTest, APortThatGoesMidRunLeavesAReportOfWhereTheRunStopped) {
     EXPECT_NE(report.find("\r\nInterrotta nella fase: "), std::string::npos) << report;
     EXPECT_NE(report.find(", Testi, CARD, Associazioni, preset temperatura"), std::string::npos)
         << report;
-    EXPECT_EQ(out.find("PROGRAMMAZIONE TERMINATA"), std::string::npos) << out;
+    EXPECT_EQ(run.out.find("PROGRAMMAZIONE TERMINATA"), std::string::npos) << run.out;
 }
 
 TEST_F(ProgramSimTest, CtrlCStopsTheRunAtItsNextStopTestAndItStillCloses) {
