@@ -4,8 +4,10 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
+#include <string>
 
 #include "app/connection.hpp"
+#include "app/module_opener.hpp"
 
 class QDialog;
 class QLabel;
@@ -47,6 +49,14 @@ class MDIForm1 final : public QMainWindow {
     // Form4, the programming window, over the project window; its run
     // starts by itself.
     void open_programming();
+    // MODULI over the current form, which shows again when it closes. With a
+    // code, the stored module of that code (VERIFICA_MODULO); without, the
+    // module that the session's table has prepared. PUNTO_EVIDENZIATO: the
+    // point shown highlighted (1-8 inputs, 9-16 outputs). on_close runs once
+    // the window has gone; with `wait` the call returns only then.
+    void open_module(const std::string& code = {}, int PUNTO_EVIDENZIATO = 0,
+                     ModuleOpener opener = ModuleOpener::ProjectWindow,
+                     std::function<void()> on_close = {}, bool wait = false);
     // The port was lost under a running operation.
     void port_lost(const QString& what);
 
