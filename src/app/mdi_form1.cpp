@@ -211,7 +211,7 @@ void MDIForm1::open_programming() {
 
 void MDIForm1::open_module(const std::string& code, int PUNTO_EVIDENZIATO, ModuleOpener opener,
                            std::function<void()> on_close, bool wait) {
-    if (stack_->findChild<MODULI*>()) return;  // one module at a time
+    if (module_) return;  // one module at a time
     if (!code.empty()) {
         session_.modules.CODICE_MODULO = code;
         session_.modules.TIPO_MODULO = code.substr(4, 2);
@@ -219,12 +219,14 @@ void MDIForm1::open_module(const std::string& code, int PUNTO_EVIDENZIATO, Modul
     }
     QPointer<QWidget> under = stack_->currentWidget();
     auto* form = new MODULI(session_);
+    module_ = form;
     stack_->addWidget(form);
     stack_->setCurrentWidget(form);
     menuBar()->setEnabled(false);
     QEventLoop loop;
     connect(form, &MODULI::closed, &loop, &QEventLoop::quit);
     connect(form, &MODULI::closed, this, [this, form, under, on_close = std::move(on_close)] {
+        module_.clear();
         menuBar()->setEnabled(true);
         if (under) stack_->setCurrentWidget(under);
         stack_->removeWidget(form);
@@ -236,6 +238,10 @@ void MDIForm1::open_module(const std::string& code, int PUNTO_EVIDENZIATO, Modul
     });
     form->load(PUNTO_EVIDENZIATO, opener);
     if (wait) loop.exec();
+}
+
+MODULI* MDIForm1::module_window() const {
+    return module_;
 }
 
 void MDIForm1::port_lost(const QString& what) {

@@ -20,6 +20,7 @@ class Session;
 class Form1;
 class Form2;
 class Form3;
+class MODULI;
 
 // What the main window needs from the world; tests replace the modal steps.
 struct AppServices {
@@ -57,6 +58,8 @@ class MDIForm1 final : public QMainWindow {
     void open_module(const std::string& code = {}, int PUNTO_EVIDENZIATO = 0,
                      ModuleOpener opener = ModuleOpener::ProjectWindow,
                      std::function<void()> on_close = {}, bool wait = false);
+    // The module window while it is open, else null.
+    MODULI* module_window() const;
     // The port was lost under a running operation.
     void port_lost(const QString& what);
 
@@ -77,6 +80,7 @@ class MDIForm1 final : public QMainWindow {
     AppServices services_;
     QStackedWidget* stack_ = nullptr;
     QPointer<QWidget> form_;
+    QPointer<MODULI> module_;
     QLabel* line_state_ = nullptr;
     QLabel* level_state_ = nullptr;
     QMenu* project_menu_ = nullptr;

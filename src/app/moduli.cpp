@@ -70,6 +70,15 @@ MODULI::MODULI(Session& session, QWidget* parent)
     outer->addWidget(Text24_);
     build_boxes(outer);
     build_pages(outer);
+    outer->addStretch(1);
+    // The pages show over the boxes only when opened.
+    for (QWidget* page : {static_cast<QWidget*>(Frame3_), static_cast<QWidget*>(Frame6_),
+                          static_cast<QWidget*>(Frame7_), static_cast<QWidget*>(Frame12_)})
+        page->hide();
+    for (int k = 1; k <= 8; ++k) {
+        Frame_ingressi_[k]->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+        Frame_out_[k]->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    }
 }
 
 MODULI::~MODULI() = default;
@@ -225,6 +234,7 @@ void MODULI::build_boxes(QVBoxLayout* outer) {
     boxes->addWidget(Frame2_);
     boxes->addWidget(Frame3_);
     boxes->addWidget(Frame6_);
+    boxes->addStretch(1);
     body->addLayout(boxes, 1);
     body->addWidget(Frame_bottoni_);
     outer->addLayout(body, 1);

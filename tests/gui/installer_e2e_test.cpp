@@ -44,7 +44,7 @@ TEST_F(InstallerEndToEnd, TheScanEntersTheNewModuleAndTheRunProgramsIt) {
     // The new module opens in the module window, the scan waiting: Salva.
     QTimer saver;
     QObject::connect(&saver, &QTimer::timeout, [&] {
-        if (auto* window = main->findChild<app::MODULI*>())
+        if (auto* window = main->module_window())
             if (auto* save = window->findChild<QPushButton*>("Image1_1"); save && save->isVisible())
                 save->click();
     });

@@ -161,7 +161,7 @@ TEST_F(ModuleWindowEndToEnd, PointsNamedTestedSavedAndProgrammed) {
     app::ProjectHub& hub = main->form3()->tool();
     hub.Combo1_Click("001015  Quadro cucina");
     hub.Timer2_Timer();
-    auto* window = main->findChild<app::MODULI*>("MODULI");
+    app::MODULI* window = main->module_window();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(child<QLineEdit>(window, "Text1_1")->text(), "Luce cucina ");
 
@@ -190,7 +190,7 @@ TEST_F(ModuleWindowEndToEnd, PointsNamedTestedSavedAndProgrammed) {
     QTest::keyClicks(debounce, "77");
     child<QPushButton>(window, "Label9")->click();
     child<QPushButton>(window, "Image1_1")->click();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return main->findChild<app::MODULI*>() == nullptr; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return main->module_window() == nullptr; }, 5000));
     EXPECT_EQ(test_mask(), 0);  // the test ended with the window
 
     QTest::mouseClick(main->form3()->findChild<QToolButton*>("Image1_4"), Qt::LeftButton);

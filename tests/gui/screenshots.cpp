@@ -16,6 +16,7 @@
 #include "app/form3.hpp"
 #include "app/main_menu.hpp"
 #include "app/mdi_form1.hpp"
+#include "app/moduli.hpp"
 #include "app/project_hub.hpp"
 #include "app/qt_port_host.hpp"
 #include "app/seriale.hpp"
@@ -134,5 +135,24 @@ int main(int argc, char** argv) {
     connection.show();
     ok &= save(&connection, out, "08-connection.png");
     connection.hide();
+
+    // The module window: a relay module, an input module, a dimmer, and the
+    // pages of options of the relay module; each left with Salva.
+    const auto module_shot = [&](const char* code, const char* button, const char* file) {
+        window.open_module(code);
+        settle(300);
+        QWidget* module = window.module_window();
+        if (!module) return false;
+        if (button) click(module, button);
+        const bool saved = save(&window, out, file);
+        if (button) click(module, std::string(button) == "Image1_4" ? "Label9" : "Label36");
+        click(module, "Image1_1");
+        return saved;
+    };
+    ok &= module_shot("001015", nullptr, "09-module-relays.png");
+    ok &= module_shot("002014", nullptr, "10-module-inputs.png");
+    ok &= module_shot("003005", nullptr, "11-module-dimmer.png");
+    ok &= module_shot("001015", "Image1_4", "12-module-options.png");
+    ok &= module_shot("001015", "Image8_1", "13-output-options.png");
     return ok ? 0 : 1;
 }
