@@ -72,7 +72,8 @@ int run(int argc, char** argv) {
     auto* set = command("set-point", "Change one point as the module window does",
                         [&](Context& c) { return filo::cli::set_point(c, point); });
     set->add_option("project", point.project, "The project file")->required();
-    set->add_option("point", point.point, "<code>/<row>: rows 1-8 inputs, 9 up outputs")
+    set->add_option("point", point.point,
+                    "<code>/<row>: rows 1-8 inputs, 9-16 outputs, 17-32 the flags of relay modules")
         ->required();
     set->add_option("--name", point.name, "The point's name");
     set->add_option("--kind", point.kind, "Kind letter of an input (P, p, T, V, I, i, A, N, ...)");
