@@ -26,10 +26,30 @@ using texts::Text;
 
 namespace {
 
-// Typing passes the name set only; a name from another tool is shown as is.
-QValidator* name_validator(QObject* parent) {
-    return new QRegularExpressionValidator(QRegularExpression("[A-Za-z0-9 .,\\-_/°]{0,49}"),
-                                           parent);
+// Typing passes the name set only; a name from another tool is shown as is
+// and keeps its own characters while it is edited.
+class NameValidator final : public QValidator {
+  public:
+    explicit NameValidator(QLineEdit* box) : QValidator(box), box_(box) {}
+    State validate(QString& input, int&) const override {
+        if (input.size() > 49) return Invalid;
+        const QString kept = box_->property("stored").toString();
+        for (QChar c : input)
+            if (!allowed().contains(c) && !kept.contains(c)) return Invalid;
+        return Acceptable;
+    }
+
+  private:
+    static const QString& allowed() {
+        static const QString set =
+            QStringLiteral("°0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz.,-_/ ");
+        return set;
+    }
+    QLineEdit* box_;
+};
+
+QValidator* name_validator(QLineEdit* box) {
+    return new NameValidator(box);
 }
 
 QString contact_caption(const texts::LanguageTables& t, char c) {
@@ -417,6 +437,7 @@ void MODULI::refresh() {
         Frame_ingressi_[i]->setVisible(box.visible);
         Frame_ingressi_[i]->setTitle(qs(box.caption));
         if (Text2_[i]->text() != qs(box.Text2)) Text2_[i]->setText(qs(box.Text2));
+        Text2_[i]->setProperty("stored", qs(box.Text2));
         paint(Text2_[i], box.under_test ? "#ff0000" : w.highlighted == i ? "#c0ffff" : nullptr);
         Text2_[i]->setStyleSheet(Text2_[i]->styleSheet() + (box.red ? "color: #ff0000;" : ""));
         Combo1_[i]->clear();
@@ -434,6 +455,7 @@ void MODULI::refresh() {
         if (j <= 8) Frame_out_[j]->setTitle(qs(box.caption));
         Text1_[j]->setEnabled(box.visible);
         if (Text1_[j]->text() != qs(box.Text1)) Text1_[j]->setText(qs(box.Text1));
+        Text1_[j]->setProperty("stored", qs(box.Text1));
         paint(Text1_[j], box.under_test ? "#ff0000" : w.highlighted == j + 8 ? "#c0ffff" : nullptr);
         Text1_[j]->setStyleSheet(Text1_[j]->styleSheet() + (box.red ? "color: #ff0000;" : ""));
         if (j > 8) continue;

@@ -40,11 +40,12 @@ bool is_name_character(char32_t c) {
     return c == ' ' || c == '.' || c == ',' || c == '-' || c == '_' || c == '/' || c == U'°';
 }
 
-std::string refused_name_character(std::string_view name) {
+std::string refused_name_character(std::string_view name, std::string_view kept) {
     for (std::size_t i = 0; i < name.size();) {
         const std::size_t start = i;
-        if (!is_name_character(next_character(name, i)))
-            return std::string(name.substr(start, i - start));
+        if (is_name_character(next_character(name, i))) continue;
+        const std::string_view c = name.substr(start, i - start);
+        if (kept.find(c) == std::string_view::npos) return std::string(c);
     }
     return {};
 }
@@ -180,7 +181,9 @@ EditRefusal ModuleEditor::check_output_name_removal(int row) {
 
 EditRefusal ModuleEditor::rename(int row, std::string_view name, NameCheck check) {
     if (!shows_row(row)) return EditRefusal::NotAPoint;
-    if (!refused_name_character(name).empty()) return EditRefusal::NameCharacters;
+    // A name from another tool keeps its characters; only new ones are checked.
+    if (!refused_name_character(name, table_.RIGHE_MODULO.riga(row).nick).empty())
+        return EditRefusal::NameCharacters;
     store::NickRow& r = table_.RIGHE_MODULO.riga(row);
     const bool input = is_input(row);
     const std::string clean = std::string(basic::trim(name));

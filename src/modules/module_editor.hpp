@@ -46,7 +46,8 @@ enum class EditRefusal {
 // The characters a point's name may hold: letters, digits, blank and ".,-_/°".
 bool is_name_character(char32_t c);
 // The first refused character of a name, as UTF-8; "" when all are allowed.
-std::string refused_name_character(std::string_view name);
+// Characters that `kept` (the name as stored) holds already are allowed.
+std::string refused_name_character(std::string_view name, std::string_view kept = {});
 
 // The message for a refusal, in the language of the tables. detail names
 // what was refused (the character, the kind, the parameter).

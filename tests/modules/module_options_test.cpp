@@ -132,6 +132,15 @@ TEST_F(ModuleOptionsTest, AndReciprocalClosedContactsAndTheirNames) {
     EXPECT_EQ(editor.save(), R::AndWithReciprocal);
 }
 
+TEST_F(ModuleOptionsTest, ANameFromAnotherToolKeepsItsCharactersOnlyTypingIsFiltered) {
+    make("000215", {});
+    row(9).nick = "Luce d'atrio ";  // as another tool stored it
+    EXPECT_EQ(editor.rename(9, "Luce d'atrio 2"), R::None);
+    EXPECT_EQ(editor.rename(9, "Luce d'atrio à"), R::NameCharacters);
+    EXPECT_EQ(editor.rename(10, "Luce d'atrio"), R::NameCharacters);  // not another point's
+    EXPECT_EQ(editor.save(), R::None);
+}
+
 TEST_F(ModuleOptionsTest, KindChangeClearsItsOptionsAndTimedReadingTakesThresholds) {
     make("000215", {});
     ASSERT_EQ(editor.set_kind(1, 'N'), R::None);
