@@ -131,7 +131,9 @@ void ModuleWindow::refuse(EditRefusal refusal, std::string_view detail, Text tit
 
 bool ModuleWindow::Text2_Change(int i, const std::string& text) {
     InputBox& box = inputs.at(static_cast<std::size_t>(i));
-    const std::string name(basic::trim(text));
+    // Leading blanks go; the box keeps what is typed behind, the record the
+    // name as stored.
+    const std::string name = text.substr(std::min(text.find_first_not_of(' '), text.size()));
     box.red = false;
     const EditRefusal r = editor_->rename(i, name, modules::ModuleEditor::NameCheck::AtSave);
     if (r != EditRefusal::None) {
@@ -145,7 +147,9 @@ bool ModuleWindow::Text2_Change(int i, const std::string& text) {
 
 bool ModuleWindow::Text1_Change(int j, const std::string& text) {
     OutputBox& box = outputs.at(static_cast<std::size_t>(j));
-    const std::string name(basic::trim(text));
+    // Leading blanks go; the box keeps what is typed behind, the record the
+    // name as stored.
+    const std::string name = text.substr(std::min(text.find_first_not_of(' '), text.size()));
     box.red = false;
     const EditRefusal r = editor_->rename(j + 8, name, modules::ModuleEditor::NameCheck::AtSave);
     if (r != EditRefusal::None) {

@@ -430,7 +430,7 @@ void MODULI::refresh() {
     Label7_->setText(qs(w.Label7));
     Label8_->setText(qs(w.Label8));
     show_line_state(label22_, w.label22, session_.on_line());
-    Text24_->setText(qs(w.Text24));
+    if (Text24_->text() != qs(w.Text24)) Text24_->setText(qs(w.Text24));
     Text24_->setReadOnly(session_.modules.TIPO_MODULO == "23");
     for (int i = 1; i <= 8; ++i) {
         const ModuleWindow::InputBox& box = w.inputs[i];

@@ -166,6 +166,7 @@ TEST_F(ModuleWindowEndToEnd, PointsNamedTestedSavedAndProgrammed) {
     EXPECT_EQ(child<QLineEdit>(window, "Text1_1")->text(), "Luce cucina ");
 
     QTest::keyClicks(child<QLineEdit>(window, "Text1_4"), "Luce bagno");
+    EXPECT_EQ(child<QLineEdit>(window, "Text1_4")->text(), "Luce bagno");  // blanks typed stay
     auto* contact = child<QComboBox>(window, "Combo2_2");
     const int closed = contact->findData(static_cast<int>('I'));
     ASSERT_GE(closed, 0);
