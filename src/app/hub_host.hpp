@@ -8,6 +8,9 @@ struct HubHost {
     std::function<void()> show_connection;   // SERIALE, modal
     std::function<void()> show_programming;  // Form4
     std::function<void()> show_main_menu;    // Form1; the hub goes
+    // MODULI on CODICE_MODULO of the session's module table, new or stored
+    // as STATO_MODULO says; with `wait`, returns once the window has closed.
+    std::function<void(bool wait)> show_module;
     // The scan's next tick after this many milliseconds.
     std::function<void(int ms)> schedule_scan_tick;
     // The window shows the hub as it stands, before a question box covers it.

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenuBar>
@@ -14,6 +15,7 @@
 #include "app/form4.hpp"
 #include "app/levels.hpp"
 #include "app/main_menu.hpp"
+#include "app/moduli.hpp"
 #include "app/project_hub.hpp"
 #include "app/seriale.hpp"
 #include "app/session.hpp"
@@ -156,6 +158,7 @@ bool MDIForm1::show_project() {
     HubHost host;
     host.show_connection = [this] { show_connection(); };
     host.show_programming = [this] { open_programming(); };
+    host.show_module = [this](bool wait) { open_module({}, 0, ModuleOpener::ProjectWindow, {}, wait); };
     host.show_main_menu = [this] { show_main_menu(); };
     auto* form = new Form3(session_, std::move(host));
     connect(form, &Form3::caption_changed, this, &QWidget::setWindowTitle);
@@ -206,6 +209,41 @@ void MDIForm1::open_programming() {
         refresh_status();
     });
     form->load();
+}
+
+void MDIForm1::open_module(const std::string& code, int PUNTO_EVIDENZIATO, ModuleOpener opener,
+                           std::function<void()> on_close, bool wait) {
+    if (module_) return;  // one module at a time
+    if (!code.empty()) {
+        session_.modules.CODICE_MODULO = code;
+        session_.modules.TIPO_MODULO = code.substr(4, 2);
+        session_.modules.VERIFICA_MODULO(code);
+    }
+    QPointer<QWidget> under = stack_->currentWidget();
+    auto* form = new MODULI(session_);
+    module_ = form;
+    stack_->addWidget(form);
+    stack_->setCurrentWidget(form);
+    menuBar()->setEnabled(false);
+    QEventLoop loop;
+    connect(form, &MODULI::closed, &loop, &QEventLoop::quit);
+    connect(form, &MODULI::closed, this, [this, form, under, on_close = std::move(on_close)] {
+        module_.clear();
+        menuBar()->setEnabled(true);
+        if (under) stack_->setCurrentWidget(under);
+        stack_->removeWidget(form);
+        form->deleteLater();
+        // Form_Load of the project window again: it shows the module as saved.
+        if (Form3* f = form3(); f && f == under) f->load();
+        if (on_close) on_close();
+        refresh_status();
+    });
+    form->load(PUNTO_EVIDENZIATO, opener);
+    if (wait) loop.exec();
+}
+
+MODULI* MDIForm1::module_window() const {
+    return module_;
 }
 
 void MDIForm1::port_lost(const QString& what) {

@@ -4,8 +4,10 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
+#include <string>
 
 #include "app/connection.hpp"
+#include "app/module_opener.hpp"
 #include "app/qt_translations.hpp"
 
 class QDialog;
@@ -19,6 +21,7 @@ class Session;
 class Form1;
 class Form2;
 class Form3;
+class MODULI;
 
 // What the main window needs from the world; tests replace the modal steps.
 struct AppServices {
@@ -48,6 +51,16 @@ class MDIForm1 final : public QMainWindow {
     // Form4, the programming window, over the project window; its run
     // starts by itself.
     void open_programming();
+    // MODULI over the current form, which shows again when it closes. With a
+    // code, the stored module of that code (VERIFICA_MODULO); without, the
+    // module that the session's table has prepared. PUNTO_EVIDENZIATO: the
+    // point shown highlighted (1-8 inputs, 9-16 outputs). on_close runs once
+    // the window has gone; with `wait` the call returns only then.
+    void open_module(const std::string& code = {}, int PUNTO_EVIDENZIATO = 0,
+                     ModuleOpener opener = ModuleOpener::ProjectWindow,
+                     std::function<void()> on_close = {}, bool wait = false);
+    // The module window while it is open, else null.
+    MODULI* module_window() const;
     // The port was lost under a running operation.
     void port_lost(const QString& what);
 
@@ -72,6 +85,7 @@ class MDIForm1 final : public QMainWindow {
     AppServices services_;
     QStackedWidget* stack_ = nullptr;
     QPointer<QWidget> form_;
+    QPointer<MODULI> module_;
     QLabel* line_state_ = nullptr;
     QLabel* level_state_ = nullptr;
     QMenu* project_menu_ = nullptr;

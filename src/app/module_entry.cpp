@@ -13,12 +13,17 @@ using texts::Text;
 
 namespace {
 
-ModuleEntry enter(Session& session, const std::string& code) {
+ModuleEntry enter(Session& session, const std::string& code, bool window) {
     store::ModuleTable& table = session.modules;
     // A module number is taken once, whatever the type; a deleted one is free.
     table.VERIFICA_MODULO(code);
     if (table.STATO_MODULO != store::kNuovoModulo) {
         const std::string stored = table.RIGHE_MODULO.riga(1).codice.substr(4, 2);
+        if (stored == code.substr(4, 2) && window) {
+            table.CODICE_MODULO = code;
+            table.TIPO_MODULO = code.substr(4, 2);
+            return ModuleEntry::OpenWindow;
+        }
         if (stored == code.substr(4, 2)) {
             session.message(Text::MODULE_ALREADY_EXISTS, Text::TITLE_WARNING, {}, code);
             return ModuleEntry::Refused;
@@ -38,7 +43,11 @@ ModuleEntry enter(Session& session, const std::string& code) {
             return ModuleEntry::Refused;
         case modules::Opening::VideoDoorPages:
             modules::CREA_VIDEOCITOFONO(table);
-            return ModuleEntry::Added;
+            if (!window) return ModuleEntry::Added;
+            table.CODICE_MODULO = std::string(modules::kVideoDoorPages[0]);
+            table.TIPO_MODULO = "23";
+            table.STATO_MODULO = store::kModuloEsistente;
+            return ModuleEntry::OpenWindow;
         case modules::Opening::PanelInterface:
             table.set_codice_modulo(code);
             table.STATO_MODULO = store::kNuovoModulo;
@@ -48,6 +57,12 @@ ModuleEntry enter(Session& session, const std::string& code) {
             return ModuleEntry::Added;
         case modules::Opening::ModuleWindow:
             break;
+    }
+    if (window) {
+        table.CODICE_MODULO = code;
+        table.TIPO_MODULO = code.substr(4, 2);
+        table.STATO_MODULO = store::kNuovoModulo;
+        return ModuleEntry::OpenWindow;
     }
     modules::ModuleEditor editor(table, session.links);
     if (!editor.create(code)) {
@@ -68,7 +83,18 @@ ModuleEntry enter(Session& session, const std::string& code) {
 
 ModuleEntry enter_new_module(Session& session, const std::string& code) {
     try {
-        return enter(session, code);
+        return enter(session, code, false);
+    } catch (const store::ProjectError& e) {
+        tell_project_fault(session, e);
+    } catch (const sqlite::SqlError& e) {
+        tell_project_fault(session, e);
+    }
+    return ModuleEntry::Refused;
+}
+
+ModuleEntry open_module_entry(Session& session, const std::string& code) {
+    try {
+        return enter(session, code, true);
     } catch (const store::ProjectError& e) {
         tell_project_fault(session, e);
     } catch (const sqlite::SqlError& e) {

@@ -228,13 +228,25 @@ void ProjectHub::Timer2_Timer() {
         return;
     }
     Text3.clear();
-    if (stored == type) {
+    if (stored == type && type == "1E") {  // Form11, the panel interface's window
         not_yet_available(Text::MODULE_WINDOW_TITLE);
         return;
     }
-    if (enter_new_module(session_, code) == ModuleEntry::Added)
-        session_.message(Text::MODULE_ENTERED_DEFAULT_ROWS, Text::TITLE_WARNING, {}, code);
+    open_module(code, false);
     CERCA_MODULI();
+}
+
+void ProjectHub::open_module(const std::string& code, bool wait) {
+    switch (open_module_entry(session_, code)) {
+        case ModuleEntry::Added:
+            session_.message(Text::MODULE_ENTERED_DEFAULT_ROWS, Text::TITLE_WARNING, {}, code);
+            break;
+        case ModuleEntry::OpenWindow:
+            if (host_.show_module) host_.show_module(wait);
+            break;
+        case ModuleEntry::Refused:
+            break;
+    }
 }
 
 void ProjectHub::Label25_DblClick() {
@@ -311,7 +323,7 @@ void ProjectHub::compare() {
             const std::string code = List2[i].substr(0, 6);
             s.modules.set_codice_modulo(code);
             s.modules.STATO_MODULO = store::kNuovoModulo;
-            enter_new_module(s, code);
+            open_module(code, true);  // APRI_FORM: the scan waits for the window
             if (i + 1 < List2.size() && s.ask(Text::SCAN_SUSPEND, Text::SCAN_SUSPEND_TITLE)) break;
         }
     }

@@ -108,6 +108,8 @@ class ProjectHub {
     bool ensure_line();
     void start_or_stop_scan();
     void compare();
+    // APRI_FORM and the opening of Timer2: MODULI through the host.
+    void open_module(const std::string& code, bool wait);
 
     Session& session_;
     HubHost host_;

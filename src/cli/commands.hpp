@@ -39,8 +39,20 @@ struct PointRequest {
     std::optional<std::string> kind;
     std::optional<std::string> contact;
     std::vector<std::string> parameters;  // FIELD=VALUE
+    // The option pages: relays of AND / RECIPROCO ("1,3", "" none), the
+    // emergency option, the module's page, cards of a reader, the receiver.
+    std::optional<std::string> and_relays;
+    std::optional<std::string> reciprocal_relays;
+    std::optional<std::string> commands_in_emergency;  // yes / no
+    std::optional<std::string> rgb;                    // yes / no
+    std::optional<std::string> reader;                 // E / I / G
+    std::optional<std::string> rolling_code;           // yes / no
+    std::vector<std::string> cards;
+    std::optional<std::string> receiver;
 };
 int set_point(Context& context, const PointRequest& request);
+// ELIMINA MODULO: the module and every link with an end in it.
+int delete_module(Context& context, const std::string& project, const std::string& code);
 
 // The serial ports of the system, a line each: path, tab, caption.
 int list_ports(Context& context);

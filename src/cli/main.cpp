@@ -72,13 +72,34 @@ int run(int argc, char** argv) {
     auto* set = command("set-point", "Change one point as the module window does",
                         [&](Context& c) { return filo::cli::set_point(c, point); });
     set->add_option("project", point.project, "The project file")->required();
-    set->add_option("point", point.point, "<code>/<row>: rows 1-8 inputs, 9 up outputs")
+    set->add_option("point", point.point,
+                    "<code>/<row>: rows 1-8 inputs, 9-16 outputs, 17-32 the flags of relay modules")
         ->required();
     set->add_option("--name", point.name, "The point's name");
     set->add_option("--kind", point.kind, "Kind letter of an input (P, p, T, V, I, i, A, N, ...)");
     set->add_option("--contact", point.contact,
                     "Contact of an output: 0 (N.A.), I (N.C.), V (VARIATORE)");
-    set->add_option("--param", point.parameters, "FIELD=VALUE: P1-P6, V1-V3, ON, OFF, EMERGENCY");
+    set->add_option("--param", point.parameters,
+                    "FIELD=VALUE: P1-P6 (the module's page), V1-V3 (an input's page), "
+                    "ON, OFF (0-251), EMERGENCY (percent); digits only, within the field's range");
+    set->add_option("--and", point.and_relays,
+                    "Output: the relays it needs active, e.g. 1,3 (\"\" for none)");
+    set->add_option("--reciprocal", point.reciprocal_relays,
+                    "Output: the relays interlocked with it, e.g. 2 (\"\" for none)");
+    set->add_option("--commands-in-emergency", point.commands_in_emergency,
+                    "Emergency output: allow commands while the emergency is on (yes/no)");
+    set->add_option("--rgb", point.rgb, "LED driver: one RGB channel (yes) or single channels (no)");
+    set->add_option("--reader", point.reader, "Card reader model: E external, I internal, G generic");
+    set->add_option("--rolling-code", point.rolling_code,
+                    "Remote elements: rolling code (yes) or synchronised code (no)");
+    set->add_option("--card", point.cards,
+                    "Card reader, on a read event (rows 1-8): a 6-digit card code; "
+                    "a card entered again is removed");
+    set->add_option("--receiver", point.receiver, "Remote element: the receiver it is paired with");
+    auto* del = command("delete-module", "Delete a module and every link to its points",
+                        [&](Context& c) { return filo::cli::delete_module(c, path, code); });
+    del->add_option("project", path, "The project file")->required();
+    del->add_option("code", code, "The module's code (6 hex digits, or the 8 printed)")->required();
 
     command("ports", "List the serial ports", [&](Context& c) { return filo::cli::list_ports(c); });
     command("connect", "Find the programmer on the serial ports, or check one",

@@ -22,8 +22,32 @@ using texts::Text;
 
 void refuse(const Context& c, modules::EditRefusal r, std::string_view detail,
             const modules::ModuleEditor& editor) {
-    if (r != modules::EditRefusal::None)
-        throw UserError(modules::refusal_text(r, c.texts, detail, editor.linked_receiver()));
+    if (r != modules::EditRefusal::None) throw UserError(editor.message(r, c.texts, detail));
+}
+
+// "yes" / "no" of an option; anything else is refused with the option's text.
+bool yes_no(const Context& c, const std::string& value, std::string_view option,
+            const modules::ModuleEditor& editor) {
+    if (value == "yes") return true;
+    if (value != "no")
+        refuse(c, modules::EditRefusal::ValueRefused, std::string(option) + "=" + value, editor);
+    return false;
+}
+
+// "1,3" as the 8 characters of the output page, "1" at relay k.
+std::string relay_bits(const Context& c, const std::string& list, std::string_view option,
+                       const modules::ModuleEditor& editor) {
+    std::string bits(8, '0');
+    std::size_t start = 0;
+    while (start < list.size()) {
+        const std::size_t comma = std::min(list.find(',', start), list.size());
+        const std::string item = list.substr(start, comma - start);
+        if (item.size() != 1 || item[0] < '1' || item[0] > '8')
+            refuse(c, modules::EditRefusal::ValueRefused, std::string(option) + "=" + list, editor);
+        bits[static_cast<std::size_t>(item[0] - '1')] = '1';
+        start = comma + 1;
+    }
+    return bits;
 }
 
 bool is_receiver(const std::string& code) {
@@ -121,12 +145,16 @@ int set_point(Context& context, const PointRequest& request) {
         throw UserError(t.text(Text::POINT_NOT_IN_MODULE) + request.point);
 
     using R = modules::EditRefusal;
-    if (request.name)
-        refuse(context, editor.rename(row, *request.name),
-               modules::refused_name_character(*request.name), editor);
+    if (request.name) {
+        const R r = editor.rename(row, *request.name);
+        refuse(context, r,
+               r == R::NotAPoint ? request.point : modules::refused_name_character(*request.name),
+               editor);
+    }
     if (request.kind) {
         if (request.kind->size() != 1) refuse(context, R::KindNotOffered, *request.kind, editor);
-        refuse(context, editor.set_kind(row, (*request.kind)[0]), *request.kind, editor);
+        const R r = editor.set_kind(row, (*request.kind)[0]);
+        refuse(context, r, r == R::NotAPoint ? request.point : *request.kind, editor);
     }
     if (request.contact) {
         // By its character or by the text the list shows.
@@ -138,7 +166,8 @@ int set_point(Context& context, const PointRequest& request) {
         else if (c == t.text(Text::CONTACT_DIMMER) || c == "VARIATORE")
             c = "V";
         if (c.size() != 1) refuse(context, R::ContactNotOffered, *request.contact, editor);
-        refuse(context, editor.set_contact(row, c[0]), *request.contact, editor);
+        const R r = editor.set_contact(row, c[0]);
+        refuse(context, r, r == R::NotAPoint ? request.point : *request.contact, editor);
     }
     for (const std::string& parameter : request.parameters) {
         const std::size_t equals = parameter.find('=');
@@ -146,6 +175,44 @@ int set_point(Context& context, const PointRequest& request) {
         refuse(context,
                editor.set_parameter(row, parameter.substr(0, equals), parameter.substr(equals + 1)),
                parameter, editor);
+    }
+    if (request.and_relays || request.reciprocal_relays) {
+        const std::string modo = table.RIGHE_MODULO.riga(row).modo + std::string(24, '0');
+        const std::string and_bits = request.and_relays
+                                         ? relay_bits(context, *request.and_relays, "--and", editor)
+                                         : modo.substr(8, 8);
+        const std::string reciprocal_bits =
+            request.reciprocal_relays
+                ? relay_bits(context, *request.reciprocal_relays, "--reciprocal", editor)
+                : modo.substr(16, 8);
+        refuse(context, editor.set_functions(row, and_bits, reciprocal_bits), request.point,
+               editor);
+    }
+    if (request.commands_in_emergency)
+        refuse(context,
+               editor.set_commands_in_emergency(row, yes_no(context, *request.commands_in_emergency,
+                                                            "--commands-in-emergency", editor)),
+               "--commands-in-emergency", editor);
+    if (request.rgb)
+        refuse(context, editor.set_rgb_channel(yes_no(context, *request.rgb, "--rgb", editor)),
+               "--rgb", editor);
+    if (request.reader) {
+        const std::string& r = *request.reader;
+        refuse(context,
+               r.size() == 1 ? editor.set_reader(r[0]) : modules::EditRefusal::ValueRefused,
+               "--reader=" + r, editor);
+    }
+    if (request.rolling_code)
+        refuse(context,
+               editor.set_rolling_code(
+                   yes_no(context, *request.rolling_code, "--rolling-code", editor)),
+               "--rolling-code", editor);
+    for (const std::string& card : request.cards)
+        refuse(context, editor.enter_card(row, card), card, editor);
+    if (request.receiver) {
+        const auto receiver = bus::filtered_code(*request.receiver);
+        refuse(context, editor.set_receiver(receiver ? *receiver : *request.receiver),
+               *request.receiver, editor);
     }
     refuse(context, editor.save(), *code, editor);
 
@@ -157,6 +224,28 @@ int set_point(Context& context, const PointRequest& request) {
         context.out << "  " << t[kind];
     if (row > 8 && r.modo.size() >= 2) context.out << "  " << t[modules::contact_text(r.modo[1])];
     context.out << '\n';
+    return kExitOk;
+}
+
+int delete_module(Context& context, const std::string& project_path, const std::string& typed) {
+    const texts::LanguageTables& t = context.texts;
+    const std::optional<std::string> code = bus::filtered_code(typed);
+    if (!code || (code->size() != 6 && code->size() != 8))
+        throw UserError(t.text(Text::CODE_NOT_CORRECT));
+    const std::string codice = code->substr(0, 6);
+    store::Project project;
+    project.open(project_path);
+    store::ModuleTable table(project);
+    store::LinkTable links(project);
+    modules::ModuleEditor editor(table, links);
+    table.LEGGI_MODULO(codice);
+    if (table.STATO_MODULO != store::kModuloEsistente)
+        throw UserError(t.text(Text::MODULE_NOT_IN_PROJECT) + codice);
+    table.CODICE_MODULO = codice;
+    // The panel interface and the video door pages are deleted whole as well.
+    if (!editor.open(codice)) table.TIPO_MODULO = codice.substr(4, 2);
+    editor.delete_module();
+    context.out << t[Text::MODULE_DELETED] << codice << '\n';
     return kExitOk;
 }
 

@@ -56,7 +56,7 @@ constexpr std::array<DescriptionModel, 19> kModels = {{
     {D::LUCE, K::Standard, C::ListsA, N::Outputs, fields(1, 5), {kP1}, 0x01, 0x01, true, O::None},
     {D::RELE2,
      K::Standard,
-     C::ListsA,
+     C::ListsTwoRelays,
      N::OutputsAndFlags,
      fields(1, 5),
      {kP1, kP2, kP3, kP4Blink, kP5Blink},
@@ -202,6 +202,10 @@ std::vector<char> contacts_offered(ContactList list, int j) {
     switch (list) {
         case ContactList::ListsA:
             if (j <= 4) return {kContactOpen, kContactClosed};
+            return {kContactOpen, kContactVariator};
+        case ContactList::ListsTwoRelays:
+            if (j <= 2) return {kContactOpen, kContactClosed};
+            if (j <= 4) return {kContactOpen};
             return {kContactOpen, kContactVariator};
         case ContactList::OpenOrClosed:
             return {kContactOpen, kContactClosed};
@@ -356,12 +360,9 @@ ParameterPage read_parameters(const ModuleType& type, const store::ModuleRecord&
         shown.value = TOGLI_ZERI(parameter_field(parameters, box.field));
         if (basic::val(shown.value) == 0 && !box.default_value.empty())
             shown.value = box.default_value;
-        if (type.description == Description::FOTOSENSORE && (kind == 'M' || kind == 'L')) {
-            // Timed or on-change sensing leaves no regulation to set.
-            shown.visible = box.field <= 2;
-            if (kind == 'L' && box.field == 2)
-                shown.caption = texts.text(Text::PARAM_READ_INTERVAL);
-        }
+        shown.visible = bit(shown_fields(type, record), box.field);
+        if (type.description == Description::FOTOSENSORE && kind == 'L' && box.field == 2)
+            shown.caption = texts.text(Text::PARAM_READ_INTERVAL);
         page.boxes.push_back(std::move(shown));
     }
     switch (m.options) {
@@ -414,6 +415,41 @@ void write_parameters(const ModuleType& type, const ParameterPage& page,
             break;
     }
     set_module_parameters(head.riserva3, parameters);
+}
+
+bool is_analog_kind(char kind) {
+    return std::string_view("AbBDGUSJWX").find(kind) != std::string_view::npos;
+}
+
+std::uint8_t shown_fields(const ModuleType& type, const store::ModuleRecord& record) {
+    std::uint8_t bits = 0;
+    for (const ParameterBox& box : model_of(type.description).boxes) {
+        if (box.field == 0) break;
+        bits |= static_cast<std::uint8_t>(1 << (box.field - 1));
+    }
+    const char kind = kind_of_row1(record);
+    // Timed or on-change sensing leaves no regulation to set.
+    if (type.description == Description::FOTOSENSORE && (kind == 'M' || kind == 'L'))
+        bits &= fields(1, 2);
+    return bits;
+}
+
+bool shows_input(const ModuleType& type, int i) {
+    if (i < 1 || i > 8) return false;
+    if (type.description == Description::VIDEOCITOFONO) return true;
+    for (int g = 0; g < type.input_groups; ++g)
+        if (i >= type.inputs[g].first && i <= type.inputs[g].last) return true;
+    return false;
+}
+
+bool shows_output(const ModuleType& type, const std::string& module_code, int j) {
+    if (j > 8) return j <= 24 && model_of(type.description).names == NamesShown::OutputsAndFlags;
+    if (j < 1) return false;
+    if (type.description == Description::VIDEOCITOFONO)
+        return !(module_code.size() >= 4 && module_code[3] == '3' && j > 2);
+    for (int g = 0; g < type.output_groups; ++g)
+        if (j >= type.outputs[g].first && j <= type.outputs[g].last) return true;
+    return false;
 }
 
 std::vector<InputParameter> input_parameters(char kind) {

@@ -21,7 +21,9 @@ class LanguageTables;
 namespace filo::modules {
 
 enum class KindList { Standard, Photosensor, Probe, RemoteButton, VideoDoor, Cards, None };
-enum class ContactList { ListsA, OpenOrClosed, OpenOnly, None };
+// ListsA: outputs 1 to 4 N.A. or N.C., 5 to 8 N.A. or VARIATORE; the two
+// relay module has N.A. alone on its virtual outputs 3 and 4.
+enum class ContactList { ListsA, ListsTwoRelays, OpenOrClosed, OpenOnly, None };
 enum class NamesShown { Outputs, OutputsAndFlags, LinkTestOnly, None };
 enum class SpecialOptions { None, Channels, Reader, CodeFlag };
 
@@ -126,5 +128,14 @@ struct InputParameter {
     std::string_view default_value;
 };
 std::vector<InputParameter> input_parameters(char kind);
+// Kinds whose page tests timed reading: with P2 set they take no threshold.
+bool is_analog_kind(char kind);
+
+// The fields P<n> of the module's page as it shows for this record: bit n-1.
+std::uint8_t shown_fields(const ModuleType& type, const store::ModuleRecord& record);
+// Does the window of the type show input box i, output box j (1..8) or flag
+// j (9..24)? The video door pages take the page's code.
+bool shows_input(const ModuleType& type, int i);
+bool shows_output(const ModuleType& type, const std::string& module_code, int j);
 
 }  // namespace filo::modules

@@ -6,6 +6,8 @@
 #include "modules/descriptions.hpp"
 #include "modules/module_rows.hpp"
 #include "modules/parameter_fields.hpp"
+#include "store/link_queries.hpp"
+#include "store/link_repairs.hpp"
 #include "store/link_table.hpp"
 #include "store/module_table.hpp"
 #include "store/powerline.hpp"
@@ -38,11 +40,12 @@ bool is_name_character(char32_t c) {
     return c == ' ' || c == '.' || c == ',' || c == '-' || c == '_' || c == '/' || c == U'°';
 }
 
-std::string refused_name_character(std::string_view name) {
+std::string refused_name_character(std::string_view name, std::string_view kept) {
     for (std::size_t i = 0; i < name.size();) {
         const std::size_t start = i;
-        if (!is_name_character(next_character(name, i)))
-            return std::string(name.substr(start, i - start));
+        if (is_name_character(next_character(name, i))) continue;
+        const std::string_view c = name.substr(start, i - start);
+        if (kept.find(c) == std::string_view::npos) return std::string(c);
     }
     return {};
 }
@@ -77,8 +80,45 @@ std::string refusal_text(EditRefusal refusal, const texts::LanguageTables& t,
             return t.text(Text::PARAMETER_NOT_OFFERED) + d;
         case EditRefusal::SafetyInputsNeedInterval:
             return t.text(Text::SAFETY_INPUTS_NEED_INTERVAL);
+        case EditRefusal::ValueRefused:
+            return t.text(Text::VALUE_REFUSED) + d;
+        case EditRefusal::NameIsAndCondition:
+            return d + t.text(Text::ACTIVE_ONLY_IF_THIS_OUTPUT) + "\n" +
+                   t.text(Text::REMOVE_AND_FIRST) + d;
+        case EditRefusal::NameIsLinkCondition:
+            return d;
+        case EditRefusal::AndWithReciprocal:
+            return t.text(Text::AND_RECIPROCAL_EXCLUSIVE);
+        case EditRefusal::ReciprocalWithClosed:
+            return t.text(Text::RECIPROCAL_WITH_NC);
+        case EditRefusal::RelayWithoutName:
+            return t.text(Text::RELAY_WITHOUT_NAME) + d;
+        case EditRefusal::ThresholdWithTimedReading:
+            return t.text(Text::THRESHOLD_NEEDS_NO_TIMED_READING);
+        case EditRefusal::ReceiverNotInProject:
+            return t.text(Text::RECEIVER_NOT_IN_PROJECT) + d;
+        case EditRefusal::CardCode:
+            return t.text(Text::CARD_CODE_REFUSED) + d;
     }
     return {};
+}
+
+std::string ModuleEditor::message(EditRefusal refusal, const texts::LanguageTables& t,
+                                  std::string_view detail) const {
+    if (refusal != found_for_) return refusal_text(refusal, t, detail, linked_receiver_);
+    switch (refusal) {
+        case EditRefusal::NameIsAndCondition:
+        case EditRefusal::RelayWithoutName:
+            return refusal_text(refusal, t, found_);
+        case EditRefusal::NameIsLinkCondition:
+            return store::and_condition_message({0, found_, found_receiver_}, t);
+        case EditRefusal::ParameterNotOffered:
+            // Says which fields the type has, when the refusal found them.
+            return refusal_text(refusal, t, detail) +
+                   (found_.empty() ? std::string() : t.text(texts::Text::FIELDS_OF_TYPE) + found_);
+        default:
+            return refusal_text(refusal, t, detail, linked_receiver_);
+    }
 }
 
 ModuleEditor::ModuleEditor(store::ModuleTable& table, store::LinkTable& links)
@@ -109,9 +149,39 @@ bool ModuleEditor::is_output(int row) const {
     return row >= 9 && has_row(row);
 }
 
-EditRefusal ModuleEditor::rename(int row, std::string_view name) {
-    if (!has_row(row)) return EditRefusal::NotAPoint;
-    if (!refused_name_character(name).empty()) return EditRefusal::NameCharacters;
+bool ModuleEditor::shows_row(int row) const {
+    if (!has_row(row)) return false;
+    return is_input(row) ? shows_input(*type_, row)
+                         : shows_output(*type_, table_.CODICE_MODULO, row - 8);
+}
+
+EditRefusal ModuleEditor::check_output_name_removal(int row) {
+    store::ModuleRecord& m = table_.RIGHE_MODULO;
+    const int j = row - 8;
+    if (j > 8) return EditRefusal::None;
+    // Another output of the module acts only while this one is on.
+    for (int r = 9; r <= 16 && r <= m.N_RIGHE_MODULO(); ++r) {
+        const std::string& modo = m.riga(r).modo;
+        if (modo.size() >= static_cast<std::size_t>(j + 8) && modo[j + 7] != '0') {
+            found_ = m.riga(r).nick;
+            return found_for_ = EditRefusal::NameIsAndCondition;
+        }
+    }
+    const std::vector<store::AndCondition> conditions =
+        store::and_conditions_on(table_.project(), table_.CODICE_MODULO, j);
+    if (!conditions.empty()) {
+        found_ = conditions.front().nick_trasmittente;
+        found_receiver_ = conditions.front().nick_ricevente;
+        return found_for_ = EditRefusal::NameIsLinkCondition;
+    }
+    return EditRefusal::None;
+}
+
+EditRefusal ModuleEditor::rename(int row, std::string_view name, NameCheck check) {
+    if (!shows_row(row)) return EditRefusal::NotAPoint;
+    // A name from another tool keeps its characters; only new ones are checked.
+    if (!refused_name_character(name, table_.RIGHE_MODULO.riga(row).nick).empty())
+        return EditRefusal::NameCharacters;
     store::NickRow& r = table_.RIGHE_MODULO.riga(row);
     const bool input = is_input(row);
     const std::string clean = std::string(basic::trim(name));
@@ -123,7 +193,13 @@ EditRefusal ModuleEditor::rename(int row, std::string_view name) {
         else
             links_.CERCA_OUT_SE_COLLEGATO(r.nick);
         if (links_.COLLEGATO == "SI") return EditRefusal::NameLinked;
-    } else {
+        if (!input) {
+            const EditRefusal refusal = check_output_name_removal(row);
+            if (refusal != EditRefusal::None) return refusal;
+            // An unnamed output has no AND of its own.
+            if (row <= 16 && r.modo.size() >= 16) r.modo.replace(8, 8, "00000000");
+        }
+    } else if (check == NameCheck::Now) {
         // Against the other points of this module as edited, then the project.
         for (int other = 1; other <= table_.RIGHE_MODULO.N_RIGHE_MODULO(); ++other)
             if (other != row && is_input(other) == input &&
@@ -139,7 +215,7 @@ EditRefusal ModuleEditor::rename(int row, std::string_view name) {
 }
 
 EditRefusal ModuleEditor::set_kind(int row, char letter) {
-    if (!is_input(row) || !has_row(row)) return EditRefusal::NotAPoint;
+    if (!is_input(row) || !shows_row(row)) return EditRefusal::NotAPoint;
     store::NickRow& r = table_.RIGHE_MODULO.riga(row);
     if (!r.modo.empty() && r.modo[0] == letter) return EditRefusal::None;
     const std::vector<char> offered = offered_kinds(*type_);
@@ -152,12 +228,15 @@ EditRefusal ModuleEditor::set_kind(int row, char letter) {
     }
     if (r.modo.empty()) r.modo = std::string(24, '0');
     r.modo[0] = letter;
+    // Options of another kind don't carry over.
+    if (r.riserva2.size() < 9) r.riserva2.resize(9, '0');
+    r.riserva2.replace(0, 9, "000000000");
     return EditRefusal::None;
 }
 
 EditRefusal ModuleEditor::set_contact(int row, char contact) {
     const int j = row - 8;
-    if (!is_output(row) || j > 8) return EditRefusal::NotAPoint;
+    if (!is_output(row) || j > 8 || !shows_row(row)) return EditRefusal::NotAPoint;
     store::ModuleRecord& m = table_.RIGHE_MODULO;
     const OutputBox box = output_box(*type_, j, m);
     if (std::find(box.contacts.begin(), box.contacts.end(), contact) == box.contacts.end())
@@ -199,49 +278,6 @@ EditRefusal ModuleEditor::set_contact(int row, char contact) {
     return EditRefusal::None;
 }
 
-EditRefusal ModuleEditor::set_parameter(int row, std::string_view field, std::string_view value) {
-    if (!has_row(row)) return EditRefusal::NotAPoint;
-    store::ModuleRecord& m = table_.RIGHE_MODULO;
-    const std::string held = TRE_CIFRE(held_to_byte(value));
-    const std::string name(field);
-    if (name.size() == 2 && name[0] == 'P' && name[1] >= '1' && name[1] <= '6') {
-        const int n = name[1] - '0';
-        if (!((model_of(type_->description).fields_written >> (n - 1)) & 1))
-            return EditRefusal::ParameterNotOffered;
-        std::string parameters = module_parameters(m.riga(1).riserva3);
-        set_parameter_field(parameters, n, held);
-        set_module_parameters(m.riga(1).riserva3, parameters);
-        return EditRefusal::None;
-    }
-    if (name.size() == 2 && name[0] == 'V' && name[1] >= '1' && name[1] <= '3') {
-        if (!is_input(row)) return EditRefusal::ParameterNotOffered;
-        const char kind = m.riga(row).modo.empty() ? 'P' : m.riga(row).modo[0];
-        const int n = name[1] - '0';
-        const auto offered = input_parameters(kind);
-        if (std::none_of(offered.begin(), offered.end(),
-                         [n](const InputParameter& p) { return p.field == n; }))
-            return EditRefusal::ParameterNotOffered;
-        set_point_field(m.riga(row).riserva2, n, held);
-        return EditRefusal::None;
-    }
-    if (name == "ON" || name == "OFF" || name == "EMERGENCY") {
-        if (!is_output(row) || row > 16) return EditRefusal::ParameterNotOffered;
-        // The values of a relay's event are kept by the modules with flags.
-        if (name != "EMERGENCY" && !has_flags(*type_)) return EditRefusal::ParameterNotOffered;
-        OutputValues v = read_output_values(m.riga(row).riserva2);
-        const int number = static_cast<int>(basic::val(held));
-        if (name == "ON")
-            v.on = number;
-        else if (name == "OFF")
-            v.off = number;
-        else
-            v.emergency = emergency_value_of_percent(number);
-        write_output_values(m.riga(row).riserva2, v);
-        return EditRefusal::None;
-    }
-    return EditRefusal::ParameterNotOffered;
-}
-
 EditRefusal ModuleEditor::save() {
     store::ModuleRecord& m = table_.RIGHE_MODULO;
     const std::string_view type = type_->code;
@@ -252,6 +288,8 @@ EditRefusal ModuleEditor::save() {
         if ((kind == 'p' || kind == 'i') && basic::mid(m.riga(1).riserva3, 12, 3) == "000")
             return EditRefusal::SafetyInputsNeedInterval;
     }
+    if (names_in_use()) return EditRefusal::NameInUse;
+    if (const EditRefusal r = check_functions(); r != EditRefusal::None) return r;
     if (type == "19" && m.N_RIGHE_MODULO() >= 9) {
         // The regulator's output exists only while its sensor regulates.
         const char kind = m.riga(1).modo.empty() ? 'K' : m.riga(1).modo[0];
@@ -284,6 +322,35 @@ EditRefusal ModuleEditor::save() {
             .GENERA_ASSOCIAZIONE_PWLINE(table_.CODICE_MODULO, m.M_NICK_NUMERICO, m.riga(9).nick);
     transaction.commit();
     return EditRefusal::None;
+}
+
+bool ModuleEditor::names_in_use() {
+    store::ModuleRecord& m = table_.RIGHE_MODULO;
+    red_rows_.clear();
+    std::vector<std::string> outputs, inputs;
+    for (int r = 1; r <= m.N_RIGHE_MODULO(); ++r)
+        (is_input(r) ? inputs : outputs).push_back(std::string(basic::trim(m.riga(r).nick)));
+    const store::RepeatedNames twice = store::CERCA_DOPPI(outputs, inputs);
+    for (int i : twice.red_inputs) red_rows_.push_back(i);
+    for (int j : twice.red_outputs) red_rows_.push_back(j + 8);
+    for (int r = 1; r <= m.N_RIGHE_MODULO(); ++r) {
+        const store::NickRow& row = m.riga(r);
+        if (row.nick.empty() || std::find(red_rows_.begin(), red_rows_.end(), r) != red_rows_.end())
+            continue;
+        table_.CERCA_UGUALE(row.nick, table_.CODICE_MODULO,
+                            is_input(r) ? store::PointSide::Input : store::PointSide::Output,
+                            row.numero_filo);
+        if (!table_.NOME_DOPPIO.empty() && table_.NOME_DOPPIO != "NO") red_rows_.push_back(r);
+    }
+    std::sort(red_rows_.begin(), red_rows_.end());
+    return !red_rows_.empty();
+}
+
+void ModuleEditor::delete_module() {
+    if (table_.STATO_MODULO != store::kModuloEsistente) return;  // never saved: nothing to delete
+    store::LinkRepairs repairs(table_.project(), links_);
+    store::delete_module_and_links(table_, repairs);
+    table_.STATO_MODULO = store::kNuovoModulo;
 }
 
 }  // namespace filo::modules

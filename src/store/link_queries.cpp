@@ -174,8 +174,14 @@ void LinkQueries::LEGGI_ASSOCIAZIONE(bool rgb) {
 
 std::vector<AndCondition> LinkQueries::CERCA_SE_USATO_COME_AND(std::string_view codice,
                                                                int numero_uscita) {
-    USATO_COME_AND = "N0";
-    sqlite::Statement q = project_.database().prepare(
+    std::vector<AndCondition> found = and_conditions_on(project_, codice, numero_uscita);
+    USATO_COME_AND = found.empty() ? "N0" : "SI";
+    return found;
+}
+
+std::vector<AndCondition> and_conditions_on(Project& project, std::string_view codice,
+                                            int numero_uscita) {
+    sqlite::Statement q = project.database().prepare(
         "SELECT ID, \"and\", nick_trasmittente, nick_ricevente FROM associazioni "
         "WHERE identificativoRX LIKE ?1 || '%' ORDER BY ID");
     q.bind(1, codice);
@@ -184,7 +190,6 @@ std::vector<AndCondition> LinkQueries::CERCA_SE_USATO_COME_AND(std::string_view 
         if (numero_uscita < 1 || mid(q.text(1), static_cast<std::size_t>(numero_uscita), 1) != "1")
             continue;
         found.push_back({q.integer(0), q.text(2), q.text(3)});
-        USATO_COME_AND = "SI";
     }
     return found;
 }

@@ -28,6 +28,9 @@ struct AndCondition {
     std::string nick_trasmittente;
     std::string nick_ricevente;
 };
+// The links whose AND condition is output `numero_uscita` of module `codice`.
+std::vector<AndCondition> and_conditions_on(Project& project, std::string_view codice,
+                                            int numero_uscita);
 // The message the module window shows for it.
 std::string and_condition_message(const AndCondition& condition,
                                   const texts::LanguageTables& texts);

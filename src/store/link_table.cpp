@@ -1,6 +1,7 @@
 #include "store/link_table.hpp"
 
 #include <algorithm>
+#include <map>
 
 #include "bus/conversions.hpp"
 #include "common/basic_functions.hpp"
@@ -175,33 +176,64 @@ void LinkTable::CERCA_OUT_SE_COLLEGATO(const std::string& nome) {
 
 void LinkTable::AGGIORNA_NICK_NEI_LINK_DA_FORM5(const std::string& codice,
                                                 const ModuleRecord& module) {
-    sqlite::Connection& db = project_.database();
-    sqlite::Transaction t(db);
-    sqlite::Statement receiver = db.prepare(
-        "UPDATE associazioni SET nick_ricevente = ?1 WHERE \"LEFT\"(identificativoRX,6) = ?2 "
-        "COLLATE NOCASE AND numero_uscita = ?3");
-    sqlite::Statement command = db.prepare(
-        "UPDATE associazioni SET nick_trasmittente = ?1 WHERE \"LEFT\"(identificativoTX,6) = ?2 "
-        "COLLATE NOCASE AND numero_ingresso = ?3");
-    auto rename = [&codice](sqlite::Statement& s, const std::string& name, long long number) {
-        s.bind(1, name).bind(2, codice).bind(3, std::to_string(number));
-        s.run();
-        s.reset();
-    };
+    // The name each point number gives: outputs as receivers, inputs (and
+    // their held commands, and the events of the outputs) as commands.
+    std::map<std::string, std::string> receiver_names, command_names;
     const std::string type(mid(codice, 5, 2));
     const bool flags = type == "11" || type == "12" || type == "15" || type == "25";
     const int last_output = std::min(module.N_RIGHE_MODULO(), flags ? 32 : 16);
+    const auto number = [](const NickRow& r) { return static_cast<long long>(val(r.numero_filo)); };
     for (int i = 9; i <= last_output; ++i)
-        rename(receiver, module.riga(i).nick,
-               static_cast<long long>(val(module.riga(i).numero_filo)));
+        receiver_names[std::to_string(number(module.riga(i)))] = module.riga(i).nick;
     for (int i = 1; i <= 8 && i <= module.N_RIGHE_MODULO(); ++i) {
-        const auto number = static_cast<long long>(val(module.riga(i).numero_filo));
-        rename(command, module.riga(i).nick, number);
-        rename(command, module.riga(i).nick, number + 8);  // held
+        command_names[std::to_string(number(module.riga(i)))] = module.riga(i).nick;
+        command_names[std::to_string(number(module.riga(i)) + 8)] = module.riga(i).nick;  // held
     }
     // Events of outputs 1 to 8 are the command numbers 17 to 24.
     for (int n = 17; n <= 24 && n - 8 <= module.N_RIGHE_MODULO(); ++n)
-        rename(command, module.riga(n - 8).nick, n);
+        command_names[std::to_string(n)] = module.riga(n - 8).nick;
+
+    // One pass over the links of the module, then the rows that change.
+    sqlite::Connection& db = project_.database();
+    sqlite::Transaction t(db);
+    sqlite::Statement q = db.prepare(
+        "SELECT ID, \"LEFT\"(identificativoRX,6) = ?1 COLLATE NOCASE, numero_uscita, "
+        "\"LEFT\"(identificativoTX,6) = ?1 COLLATE NOCASE, numero_ingresso FROM associazioni "
+        "WHERE \"LEFT\"(identificativoRX,6) = ?1 COLLATE NOCASE OR "
+        "\"LEFT\"(identificativoTX,6) = ?1 COLLATE NOCASE");
+    q.bind(1, codice);
+    struct Change {
+        std::int64_t id;
+        const std::string* receiver;
+        const std::string* command;
+    };
+    std::vector<Change> changes;
+    while (q.step()) {
+        Change c{q.integer(0), nullptr, nullptr};
+        if (q.integer(1) != 0)
+            if (auto it = receiver_names.find(q.text(2)); it != receiver_names.end())
+                c.receiver = &it->second;
+        if (q.integer(3) != 0)
+            if (auto it = command_names.find(q.text(4)); it != command_names.end())
+                c.command = &it->second;
+        if (c.receiver || c.command) changes.push_back(c);
+    }
+    sqlite::Statement receiver =
+        db.prepare("UPDATE associazioni SET nick_ricevente = ?1 WHERE ID = ?2");
+    sqlite::Statement command =
+        db.prepare("UPDATE associazioni SET nick_trasmittente = ?1 WHERE ID = ?2");
+    for (const Change& c : changes) {
+        if (c.receiver) {
+            receiver.bind(1, *c.receiver).bind(2, c.id);
+            receiver.run();
+            receiver.reset();
+        }
+        if (c.command) {
+            command.bind(1, *c.command).bind(2, c.id);
+            command.run();
+            command.reset();
+        }
+    }
     t.commit();
 }
 

@@ -172,15 +172,21 @@ void ModuleTable::VERIFICA_MODULO(std::string_view codice) {
     q.bind(1, mid(codice, 1, 4));
     std::size_t count = 0;
     std::string first;
+    bool live = false;
     while (q.step()) {
-        if (count++ == 0) first = q.text(0);
+        std::string code = q.text(0);
+        // A live module of the number is news before the deleted rows that
+        // may share it.
+        const bool deleted = basic::right(code, 2) == "FF";
+        if (count++ == 0 || (!live && !deleted)) first = std::move(code);
+        live = live || !deleted;
     }
     if (count == 0) {
         STATO_MODULO = kNuovoModulo;
         return;
     }
-    // Only the count and the first code are news; the first code may end in
-    // FF, which tells a number that is free again.
+    // Only the count and the first code are news; a first code ending in FF
+    // tells a number that is free again.
     STATO_MODULO = kModuloEsistente;
     RIGHE_MODULO.rows.resize(count);
     RIGHE_MODULO.rows[0].codice = first;

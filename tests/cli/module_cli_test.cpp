@@ -91,7 +91,8 @@ TEST_F(ModuleCliTest, PointsChangedAsTheModuleWindowChangesThem) {
          "Uno o più ingressi sono stati selezionati  come ingressi di sicurezza\n"
          "occorre selezionare un tempo di analisi (pulsante OPZIONI) \n"
          "questa modalità sarà applicata ancne agli ingressi analogici\n"},
-        {{"000315/9", "--param", "P6=1"}, "Parametro non previsto su questo punto: P6=1\n"},
+        {{"000315/9", "--param", "P6=1"},
+         "Parametro non previsto su questo punto: P6=1\nCampi di questo modulo: P1 P2 P3 P4 P5\n"},
         {{"000315/40", "--name", "x"}, "Punto inesistente in questo modulo: 000315/40\n"},
         {{"009915/1", "--name", "x"}, "Modulo non presente nel progetto: 009915\n"},
         {{"0003/1", "--name", "x"}, "Punto inesistente in questo modulo: 0003/1\n"},

@@ -2,6 +2,8 @@
 // the menu and the scan, without a screen.
 #include "app/project_hub.hpp"
 
+#include "app/module_window.hpp"
+
 #include "bus/module_code.hpp"
 #include "gui/gui_fixture.hpp"
 
@@ -21,6 +23,12 @@ class HubTest : public SessionTest {
         host.show_programming = [this] { ++programming_shown; };
         host.show_main_menu = [this] { ++main_menu_shown; };
         host.schedule_scan_tick = [this](int ms) { next_tick.push_back(ms); };
+        // The installer saves each module the window opens on.
+        host.show_module = [this](bool) {
+            app::ModuleWindow window(session);
+            windows.push_back(session.modules.CODICE_MODULO);
+            if (window.load()) window.Image1_Click(1);
+        };
     }
     app::ProjectHub& hub() {
         if (!hub_) {
@@ -49,6 +57,7 @@ class HubTest : public SessionTest {
     int connection_shown = 0, programming_shown = 0, main_menu_shown = 0;
     std::string connect_to;
     std::vector<int> next_tick;
+    std::vector<std::string> windows;  // the modules MODULI opened on
 };
 
 TEST_F(HubTest, LoadShowsTheProjectAndItsModulesInTheCaption) {
@@ -87,15 +96,9 @@ TEST_F(HubTest, ATypedCodeIsCheckedAndANewModuleEntered) {
         {"001319", {}, "001319"},  // six characters: nothing yet
         {wrong, {"Codice inserito non corretto"}, ""},
         {bus::printed_code("001215"), {"Codice già in uso in questo progetto"}, ""},
-        {bus::printed_code("00121F"),
-         {"Non ancora disponibile in questa versione:  GESTIONE  MODULO "},
-         ""},
-        {bus::printed_code("002015"),
-         {"Modulo inserito con le impostazioni del suo tipo: 002015"},
-         ""},
-        {bus::printed_code("00AA14"),
-         {"Modulo inserito con le impostazioni del suo tipo: 00AA14"},
-         ""},
+        {bus::printed_code("00121F"), {}, ""},  // stored: opened for editing
+        {bus::printed_code("002015"), {}, ""},  // new: prepared, saved in the window
+        {bus::printed_code("00AA14"), {}, ""},
     };
     for (const auto& c : cases) {
         messages.shown.clear();
@@ -103,6 +106,7 @@ TEST_F(HubTest, ATypedCodeIsCheckedAndANewModuleEntered) {
         EXPECT_EQ(shown_texts(), c.told) << c.typed;
         EXPECT_EQ(hub().Text3, c.text_after) << c.typed;
     }
+    EXPECT_EQ(windows, (std::vector<std::string>{"00121F", "002015", "00AA14"}));
     EXPECT_EQ(session.modules.ELENCO_CODICI,
               (std::vector<std::string>{"00121F", "002015", "00AA14"}));
     EXPECT_EQ(hub().caption.substr(hub().caption.size() - 1), "3");
@@ -123,8 +127,7 @@ TEST_F(HubTest, FiveDoubleClicksEachWithinTwoSecondsTakeCodesWithoutCheckDigits)
     EXPECT_EQ(hub().Label25, "******************");
 
     type("00301500");  // wrong check digits, taken all the same
-    EXPECT_EQ(shown_texts(),
-              std::vector<std::string>{"Modulo inserito con le impostazioni del suo tipo: 003015"});
+    EXPECT_EQ(windows, std::vector<std::string>{"003015"});
 }
 
 TEST_F(HubTest, ChoosingFromTheListsSetsTheModuleAndHeadingsAreNotTaken) {
@@ -225,6 +228,8 @@ TEST_F(HubTest, TheScanOffersTheModulesThatAnswerAndTheProjectLacks) {
     EXPECT_EQ(messages.asked[0].text,
               "RILEVATI MODULI NON INSERITI NEL PROGETTO\nVUOI INSERIRLI ?");
     EXPECT_EQ(messages.asked[1].text, "VUOI SOSPENDERE L'INSERIMENTO ?");
+    // Each new module opened in turn; the one on a taken number refused.
+    EXPECT_EQ(windows, (std::vector<std::string>{"003015", "003114"}));
     EXPECT_EQ(session.modules.ELENCO_CODICI,
               (std::vector<std::string>{"00121F", "003015", "003114"}));
     EXPECT_EQ(hub().Label33, "SCANSIONE IMPIANTO");

@@ -1,8 +1,11 @@
 // What a new installer does first, end to end: the demo project and its
 // simulated installation on a real pseudo-terminal, a scan that finds the
-// module the project lacks, the module entered, the installation programmed.
+// module the project lacks, the module entered in its window, the
+// installation programmed.
+#include <QPushButton>
 #include <QStackedWidget>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <algorithm>
 
@@ -10,6 +13,7 @@
 #include "app/form3.hpp"
 #include "app/form4.hpp"
 #include "app/mdi_form1.hpp"
+#include "app/moduli.hpp"
 #include "app/programming_window.hpp"
 #include "app/project_hub.hpp"
 #include "gui/gui_fixture.hpp"
@@ -37,7 +41,16 @@ TEST_F(InstallerEndToEnd, TheScanEntersTheNewModuleAndTheRunProgramsIt) {
                hub.List1.end();
     };
     ASSERT_TRUE(QTest::qWaitFor(found, 120000));
+    // The new module opens in the module window, the scan waiting: Salva.
+    QTimer saver;
+    QObject::connect(&saver, &QTimer::timeout, [&] {
+        if (auto* window = main->module_window())
+            if (auto* save = window->findChild<QPushButton*>("Image1_1"); save && save->isVisible())
+                save->click();
+    });
+    saver.start(50);
     hub.menu_click(app::ProjectHub::Scan);
+    saver.stop();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !hub.scanning(); }, 10000));
     EXPECT_EQ(hub.List2, std::vector<std::string>{app::kDemoSpareModule});
     session.modules.ELENCO_MODULI();

