@@ -12,6 +12,7 @@
 #include "app/form2.hpp"
 #include "app/form3.hpp"
 #include "app/form4.hpp"
+#include "app/form9.hpp"
 #include "app/levels.hpp"
 #include "app/main_menu.hpp"
 #include "app/project_hub.hpp"
@@ -154,6 +155,7 @@ bool MDIForm1::show_project() {
     HubHost host;
     host.show_connection = [this] { show_connection(); };
     host.show_programming = [this] { open_programming(); };
+    host.show_link_editor = [this] { open_link_editor(); };
     host.show_main_menu = [this] { show_main_menu(); };
     auto* form = new Form3(session_, std::move(host));
     connect(form, &Form3::caption_changed, this, &QWidget::setWindowTitle);
@@ -203,6 +205,38 @@ void MDIForm1::open_programming() {
         form->deleteLater();
         refresh_status();
     });
+    form->load();
+}
+
+void MDIForm1::open_link_editor() {
+    Form3* hub = form3();
+    if (!hub || stack_->findChild<Form9*>()) return;
+    // Form9 covers the project window; a point's module opens through the
+    // hub's own path, and the editor comes back to the fore when it closes.
+    LinkEditorHost host;
+    host.open_module = [this](const std::string& codice, int /*PUNTO_EVIDENZIATO*/) {
+        Form3* f = form3();
+        if (!f) return;
+        f->tool().open_module(codice);
+        if (Form9* editor = stack_->findChild<Form9*>()) {
+            editor->tool().module_closed();
+            editor->refresh();
+        }
+    };
+    host.show_hub = [this] {
+        Form9* form = stack_->findChild<Form9*>();
+        if (!form) return;
+        if (Form3* f = form3()) {
+            stack_->setCurrentWidget(f);
+            f->load();
+        }
+        stack_->removeWidget(form);
+        form->deleteLater();
+        refresh_status();
+    };
+    auto* form = new Form9(session_, std::move(host));
+    stack_->addWidget(form);
+    stack_->setCurrentWidget(form);
     form->load();
 }
 

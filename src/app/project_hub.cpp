@@ -134,7 +134,10 @@ void ProjectHub::menu_click(int index) {
             Frame3 = has_modules;
             break;
         case LinkModules:
-            not_yet_available(Text::LINK_MODULES);
+            if (host_.show_link_editor)
+                host_.show_link_editor();
+            else
+                not_yet_available(Text::LINK_MODULES);
             break;
         case Utility:
             Frame4 = true;
@@ -238,6 +241,12 @@ void ProjectHub::Timer2_Timer() {
     if (enter_new_module(session_, code) == ModuleEntry::Added)
         session_.message(Text::MODULE_ENTERED_DEFAULT_ROWS, Text::TITLE_WARNING, {}, code);
     CERCA_MODULI();
+}
+
+void ProjectHub::open_module(const std::string& codice) {
+    session_.modules.CODICE_MODULO = codice.substr(0, 6);
+    session_.modules.TIPO_MODULO = codice.size() >= 6 ? codice.substr(4, 2) : "";
+    Timer2_Timer();
 }
 
 void ProjectHub::Label25_DblClick() {

@@ -80,6 +80,9 @@ class ProjectHub {
     // Timer2: the module chosen is opened after the event that chose it.
     bool Timer2 = false;
     void Timer2_Timer();
+    // A module opened from another window (the link editor's Label26), by
+    // the same path as a module chosen here.
+    void open_module(const std::string& codice);
 
     // The gesture: five double clicks on Label25, each within 2 s of the one
     // before (Timer7), take typed codes without their check digits.
