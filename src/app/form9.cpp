@@ -40,6 +40,7 @@ QPushButton* button(QWidget* parent, const QString& name, const std::string& cap
 
 Form9::Form9(Session& session, LinkEditorHost host, QWidget* parent)
     : QWidget(parent), session_(session) {
+    host.changed = [this] { refresh(); };
     tool_ = std::make_unique<LinkEditorWindow>(session, std::move(host));
     setObjectName("Form9");
     const texts::LanguageTables& t = session.texts;

@@ -31,9 +31,40 @@ LinkEditorWindow::LinkEditorWindow(Session& session, LinkEditorHost host)
       lists_(std::make_unique<store::PointLists>(session.project, session.texts)),
       queries_(std::make_unique<store::LinkQueries>(session.project, session.links, session.texts)),
       editor_(std::make_unique<links::LinkEditor>(session.modules, session.links, *queries_,
-                                                  session.texts)) {}
+                                                  session.texts)) {
+    session_.receiver.set_consumer(bus::ReceiveAssembler::Consumer::PointPicking,
+                                   [this](const bus::ReceiveAssembler& rx) {
+                                       point_picked(rx.RX_TRAMA);
+                                       if (host_.changed) host_.changed();
+                                   });
+}
 
-LinkEditorWindow::~LinkEditorWindow() = default;
+LinkEditorWindow::~LinkEditorWindow() {
+    session_.receiver.set_consumer(bus::ReceiveAssembler::Consumer::PointPicking, {});
+    session_.receiver.flags.ACQUISIZIONE_PUNTO = "N0";
+}
+
+void LinkEditorWindow::point_picked(const std::string& RX_TRAMA) {
+    // One press is all that is taken: the box unticks, the flag stays up.
+    Check3 = false;
+    const auto input = static_cast<int>(basic::val(basic::mid(RX_TRAMA, 9, 2)));
+    if (input < 1 || input > 8) return;
+    const std::string address(basic::mid(RX_TRAMA, 5, 4));
+    store::ModuleTable& m = session_.modules;
+    m.LEGGI_INFORMAZIONE(address, std::to_string(input));
+    // A module the project lacks is entered from its type answer: not here yet.
+    if (m.STATO_MODULO != store::kModuloEsistente) return;
+    const std::string code = m.INFO_CODICE;
+    Label_picked = code + "/" + std::to_string(input);
+    if (m.INFO_NICK.empty()) {
+        if (host_.open_module) host_.open_module(code, input);
+        m.LEGGI_INFORMAZIONE(address, std::to_string(input));
+        if (m.STATO_MODULO != store::kModuloEsistente || m.INFO_NICK.empty()) return;
+    }
+    const int found = find_entry(Combo_COMANDI, m.INFO_NICK);
+    command_index = -1;
+    if (found >= 0) Combo_COMANDI_Click(found);
+}
 
 void LinkEditorWindow::load() {
     const texts::LanguageTables& t = session_.texts;

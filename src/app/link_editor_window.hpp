@@ -29,6 +29,8 @@ struct LinkEditorHost {
     std::function<void(const std::string& codice, int row)> open_module;
     // "Esci": the project window comes back.
     std::function<void()> show_hub;
+    // The line changed what the window shows (a button pressed on the bus).
+    std::function<void()> changed;
 };
 
 class LinkEditorWindow {
@@ -104,6 +106,11 @@ class LinkEditorWindow {
     void module_closed();           // back from it
     bool Check3 = false;            // "AUTOSELECT"
     void Check3_Click(bool ticked);
+    // The point-picking consumer of the line: a frame while
+    // ACQUISIZIONE_PUNTO is "SI". A button of a known module selects its
+    // command point; Label_picked shows code "/" input.
+    void point_picked(const std::string& RX_TRAMA);
+    std::string Label_picked;
     std::string Label25;  // the line's state
 
   private:

@@ -5,9 +5,19 @@
 #include <QPushButton>
 #include <QtTest/QtTest>
 
+#include <QStackedWidget>
+#include <QToolButton>
+
+#include "app/form3.hpp"
+#include "app/form4.hpp"
 #include "app/form9.hpp"
 #include "app/link_editor_window.hpp"
+#include "app/mdi_form1.hpp"
+#include "app/programming_window.hpp"
 #include "gui/gui_fixture.hpp"
+#include "links/link_record.hpp"
+#include "sim/sim_server.hpp"
+#include "sim/simulator.hpp"
 #include "store/sqlite.hpp"
 #include "support/sample_project.hpp"
 
@@ -130,6 +140,58 @@ TEST_F(Form9Test, TheViewShowsTheToolsState) {
     EXPECT_EQ(child<QComboBox>(&form, "Combo_COMANDI")->currentText(), "Pulsante");
     QTest::mouseClick(child<QPushButton>(&form, "Image4_1"), Qt::LeftButton);
     EXPECT_EQ(rows(), 2);
+}
+
+using LinkEditorEndToEnd = DemoInstallationTest;
+
+TEST_F(LinkEditorEndToEnd, APressedButtonPicksTheCommandAndTheRunProgramsTheLink) {
+    ASSERT_NO_FATAL_FAILURE(connect_installation());
+    ASSERT_NO_FATAL_FAILURE(show_project_window());
+    auto* stack = main->findChild<QStackedWidget*>();
+    QTest::mouseClick(main->form3()->findChild<QToolButton*>("Image1_2"), Qt::LeftButton);
+    auto* form = qobject_cast<app::Form9*>(stack->currentWidget());
+    ASSERT_NE(form, nullptr);
+    app::LinkEditorWindow& w = form->tool();
+
+    ASSERT_TRUE(session.on_line()) << session.PORTA_COM;
+    child<QCheckBox>(form, "Check3")->click();
+    ASSERT_TRUE(w.Check3);
+    ASSERT_EQ(server->control("press 003005 1"), "");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return w.command_index >= 0; }, 10000));
+    EXPECT_FALSE(w.Check3);
+    EXPECT_EQ(w.Label_picked, "003005/1");
+    EXPECT_EQ(child<QComboBox>(form, "Combo_COMANDI")->currentText(), "Pulsante soggiorno");
+
+    int lamp = -1;
+    for (std::size_t i = 0; i < w.Combo_UTILIZZATORI.size(); ++i)
+        if (w.Combo_UTILIZZATORI[i].text.starts_with("Luce cucina"))
+            lamp = static_cast<int>(i);
+    w.Combo_UTILIZZATORI_Click(lamp);
+    ASSERT_GE(lamp, 0);
+    w.Option1_Click(1);
+    ASSERT_EQ(w.DA_CONFERMARE, "SI") << w.editor().offer.FAMIGLIA << " " << w.editor().UTILIZZATORE;
+    w.Image4_1_Click();
+    session.links.LEGGI_LINK();
+    std::string record;
+    for (int n = 1; n <= session.links.N_LINK(); ++n)
+        if (session.links.link(n).identificativoTX == "003005/1")
+            record = links::link_image(session.links.link(n)).RECORD_LINK;
+    ASSERT_FALSE(record.empty());
+
+    QTest::mouseClick(child<QPushButton>(form, "Image4_2"), Qt::LeftButton);
+    ASSERT_EQ(stack->currentWidget(), main->form3());
+    QTest::mouseClick(main->form3()->findChild<QToolButton*>("Image1_4"), Qt::LeftButton);
+    auto* run_form = qobject_cast<app::Form4*>(stack->currentWidget());
+    ASSERT_NE(run_form, nullptr);
+    const app::ProgrammingWindow& run = run_form->tool();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return run.runs == 1 && !run.in_progress(); }, 60000));
+    EXPECT_EQ(run.report().N_ERRORI, 0);
+    bool programmed = false;
+    server->inspect([&](const sim::Simulator& s) {
+        for (const sim::SimModule& m : s.modules())
+            for (const std::string& l : m.links) programmed = programmed || l == record;
+    });
+    EXPECT_TRUE(programmed) << record;
 }
 
 }  // namespace
