@@ -47,6 +47,7 @@ class MDIForm1 final : public QMainWindow {
     // Form4, the programming window, over the project window; its run
     // starts by itself.
     void open_programming();
+    // Form9, the link editor, over the project window.
     void open_link_editor();
     // The port was lost under a running operation.
     void port_lost(const QString& what);

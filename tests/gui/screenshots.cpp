@@ -14,6 +14,7 @@
 #include "app/demo.hpp"
 #include "app/form1.hpp"
 #include "app/form3.hpp"
+#include "app/form9.hpp"
 #include "app/main_menu.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/project_hub.hpp"
@@ -134,5 +135,29 @@ int main(int argc, char** argv) {
     connection.show();
     ok &= save(&connection, out, "08-connection.png");
     connection.hide();
+
+    // The link editor: a link ready to confirm, then the details of a link.
+    window.open_link_editor();
+    settle(200);
+    if (auto* editor = window.findChild<filo::app::Form9*>()) {
+        filo::app::LinkEditorWindow& links = editor->tool();
+        auto pick = [](const std::vector<filo::store::ListEntry>& list, const std::string& text) {
+            for (std::size_t i = 0; i < list.size(); ++i)
+                if (list[i].text.starts_with(text)) return static_cast<int>(i);
+            return -1;
+        };
+        links.Combo_COMANDI_Click(pick(links.Combo_COMANDI, "Pulsante sala"));
+        links.Combo_UTILIZZATORI_Click(pick(links.Combo_UTILIZZATORI, "Luce sala"));
+        links.Option1_Click(2);
+        links.time_box_change(filo::app::LinkEditorWindow::Time::On,
+                              filo::app::LinkEditorWindow::Part::Minutes, "5");
+        editor->refresh();
+        ok &= save(&window, out, "09-link-editor.png");
+        links.Image4_1_Click();
+        if (!links.LISTA_COMANDATI.empty())
+            links.list_double_click(links.LISTA_COMANDATI.front().item_data);
+        editor->refresh();
+        ok &= save(&window, out, "10-link-details.png");
+    }
     return ok ? 0 : 1;
 }
