@@ -11,6 +11,7 @@
 #include <QRadioButton>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "app/session.hpp"
 #include "app/view_helpers.hpp"
@@ -22,6 +23,20 @@ using Time = LinkEditorWindow::Time;
 using Part = LinkEditorWindow::Part;
 
 namespace {
+
+// A combo whose list opens only when the window agrees: a link waiting for
+// "COLLEGA" asks first.
+class GuardedCombo final : public QComboBox {
+  public:
+    GuardedCombo(QWidget* parent, std::function<bool()> may_open)
+        : QComboBox(parent), may_open_(std::move(may_open)) {}
+    void showPopup() override {
+        if (may_open_()) QComboBox::showPopup();
+    }
+
+  private:
+    std::function<bool()> may_open_;
+};
 
 QLabel* wrapped_label(QWidget* parent, const char* name) {
     auto* l = new QLabel(parent);
@@ -69,7 +84,11 @@ Form9::Form9(Session& session, LinkEditorHost host, QWidget* parent)
         filters->addWidget(code);
         filters->addWidget(nick);
         box->addLayout(filters);
-        combo = new QComboBox(this);
+        combo = new GuardedCombo(this, [this] {
+            const bool open = tool_->leave_unconfirmed();
+            refresh();
+            return open;
+        });
         combo->setObjectName(combo_name);
         combo->setMaxVisibleItems(25);
         box->addWidget(combo);

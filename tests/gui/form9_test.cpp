@@ -78,6 +78,9 @@ TEST_F(Form9Test, ALinkMadeCheckedReplacedAndDeleted) {
     EXPECT_TRUE(w.boxes().time_on);
     w.time_box_change(app::LinkEditorWindow::Time::On, app::LinkEditorWindow::Part::Seconds, "75");
     EXPECT_EQ(w.editor().time_on.seconds, 59);
+    messages.answers = {false};  // opening a list: keep the link waiting
+    EXPECT_FALSE(w.leave_unconfirmed());
+    EXPECT_EQ(w.DA_CONFERMARE, "SI");
     w.Image4_1_Click();
     EXPECT_EQ(rows(), 2);
     // The lists refresh without losing the installer's place.
@@ -92,8 +95,8 @@ TEST_F(Form9Test, ALinkMadeCheckedReplacedAndDeleted) {
     w.Option1_Click(1);
     messages.answers = {true};
     w.Image4_1_Click();
-    ASSERT_EQ(messages.asked.size(), 1u);
-    EXPECT_EQ(messages.asked[0].title, "Sovrascrivi");
+    ASSERT_EQ(messages.asked.size(), 2u);
+    EXPECT_EQ(messages.asked[1].title, "Sovrascrivi");
     EXPECT_EQ(rows(), 2);
 
     const std::int64_t id = w.LISTA_COMANDATI.at(0).item_data;
@@ -164,8 +167,7 @@ TEST_F(LinkEditorEndToEnd, APressedButtonPicksTheCommandAndTheRunProgramsTheLink
 
     int lamp = -1;
     for (std::size_t i = 0; i < w.Combo_UTILIZZATORI.size(); ++i)
-        if (w.Combo_UTILIZZATORI[i].text.starts_with("Luce cucina"))
-            lamp = static_cast<int>(i);
+        if (w.Combo_UTILIZZATORI[i].text.starts_with("Luce cucina")) lamp = static_cast<int>(i);
     w.Combo_UTILIZZATORI_Click(lamp);
     ASSERT_GE(lamp, 0);
     w.Option1_Click(1);
