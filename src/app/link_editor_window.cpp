@@ -2,8 +2,13 @@
 
 #include <algorithm>
 
+#include "app/module_entry.hpp"
 #include "app/session.hpp"
+#include "bus/checksum.hpp"
+#include "bus/envelope.hpp"
+#include "bus/frame.hpp"
 #include "bus/receive_assembler.hpp"
+#include "commissioning/scan.hpp"
 #include "common/basic_functions.hpp"
 #include "store/link_queries.hpp"
 #include "store/point_lists.hpp"
@@ -37,11 +42,18 @@ LinkEditorWindow::LinkEditorWindow(Session& session, LinkEditorHost host)
                                        point_picked(rx.RX_TRAMA);
                                        if (host_.changed) host_.changed();
                                    });
+    session_.receiver.set_consumer(bus::ReceiveAssembler::Consumer::TypeAnswer,
+                                   [this](const bus::ReceiveAssembler& rx) {
+                                       type_answer(rx.RX_TRAMA);
+                                       if (host_.changed) host_.changed();
+                                   });
 }
 
 LinkEditorWindow::~LinkEditorWindow() {
     session_.receiver.set_consumer(bus::ReceiveAssembler::Consumer::PointPicking, {});
+    session_.receiver.set_consumer(bus::ReceiveAssembler::Consumer::TypeAnswer, {});
     session_.receiver.flags.ACQUISIZIONE_PUNTO = "N0";
+    session_.receiver.flags.ATTESA_TIPO.clear();
 }
 
 void LinkEditorWindow::point_picked(const std::string& RX_TRAMA) {
@@ -52,12 +64,41 @@ void LinkEditorWindow::point_picked(const std::string& RX_TRAMA) {
     const std::string address(basic::mid(RX_TRAMA, 5, 4));
     store::ModuleTable& m = session_.modules;
     m.LEGGI_INFORMAZIONE(address, std::to_string(input));
-    // A module the project lacks is entered from its type answer: not here yet.
+    if (m.STATO_MODULO != store::kModuloEsistente) {
+        // A module the project lacks: ask its type, and enter it on the answer.
+        if (address == "0000" || !session_.on_line()) return;
+        picked_input_ = input;
+        awaited_address_ = address;
+        session_.line.write(
+            bus::wrap(bus::Envelope::Terminated, std::string(bus::kOpenProgramming)));
+        session_.receiver.flags.ATTESA_TIPO = "SI";
+        session_.line.write(
+            bus::wrap(bus::Envelope::Terminated, bus::with_checksum("[A" + address + "0000]")));
+        return;
+    }
+    Label_picked = m.INFO_CODICE + "/" + std::to_string(input);
+    select_picked(address, input, true);
+}
+
+void LinkEditorWindow::type_answer(const std::string& RX_TRAMA) {
+    const std::optional<std::string> code = commissioning::answered_code(RX_TRAMA);
+    if (!code || code->substr(0, 4) != awaited_address_) return;
+    session_.receiver.flags.ATTESA_TIPO.clear();
+    enter_new_module(session_, *code);
+    Label_picked = "Codice  " + *code + "/" + std::to_string(picked_input_);
+    // The installer names the point in the module's window first.
+    if (host_.open_module) host_.open_module(*code, picked_input_);
+    CARICA_COMBO();
+    select_picked(awaited_address_, picked_input_, false);
+}
+
+void LinkEditorWindow::select_picked(const std::string& address, int input, bool may_open) {
+    store::ModuleTable& m = session_.modules;
+    m.LEGGI_INFORMAZIONE(address, std::to_string(input));
     if (m.STATO_MODULO != store::kModuloEsistente) return;
-    const std::string code = m.INFO_CODICE;
-    Label_picked = code + "/" + std::to_string(input);
     if (m.INFO_NICK.empty()) {
-        if (host_.open_module) host_.open_module(code, input);
+        if (!may_open) return;
+        if (host_.open_module) host_.open_module(m.INFO_CODICE, input);
         m.LEGGI_INFORMAZIONE(address, std::to_string(input));
         if (m.STATO_MODULO != store::kModuloEsistente || m.INFO_NICK.empty()) return;
     }

@@ -111,6 +111,9 @@ class LinkEditorWindow {
     // command point; Label_picked shows code "/" input.
     void point_picked(const std::string& RX_TRAMA);
     std::string Label_picked;
+    // The type answer consumer: the module the project lacked answers its
+    // type, is entered and, once its point has a name, selected.
+    void type_answer(const std::string& RX_TRAMA);
     std::string Label25;  // the line's state
 
   private:
@@ -119,12 +122,17 @@ class LinkEditorWindow {
     void RICARICO_OGGETTI();
     void fill_commanded();
     int find_entry(const std::vector<store::ListEntry>& list, const std::string& text) const;
+    // Selects the command point of a picked input; `may_open` lets an unnamed
+    // point's module open first.
+    void select_picked(const std::string& address, int input, bool may_open);
 
     Session& session_;
     LinkEditorHost host_;
     std::unique_ptr<store::PointLists> lists_;
     std::unique_ptr<store::LinkQueries> queries_;
     std::unique_ptr<links::LinkEditor> editor_;
+    std::string awaited_address_;  // of the type answer
+    int picked_input_ = 0;
 };
 
 }  // namespace filo::app

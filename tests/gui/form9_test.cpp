@@ -8,6 +8,7 @@
 #include <QStackedWidget>
 #include <QToolButton>
 
+#include "app/demo.hpp"
 #include "app/form3.hpp"
 #include "app/form4.hpp"
 #include "app/form9.hpp"
@@ -194,6 +195,25 @@ TEST_F(LinkEditorEndToEnd, APressedButtonPicksTheCommandAndTheRunProgramsTheLink
             for (const std::string& l : m.links) programmed = programmed || l == record;
     });
     EXPECT_TRUE(programmed) << record;
+}
+
+TEST_F(LinkEditorEndToEnd, AButtonOfAModuleTheProjectLacksEntersIt) {
+    ASSERT_NO_FATAL_FAILURE(connect_installation({app::kDemoSpareModule}));
+    ASSERT_NO_FATAL_FAILURE(show_project_window());
+    main->open_link_editor();
+    auto* form = main->findChild<app::Form9*>();
+    ASSERT_NE(form, nullptr);
+    app::LinkEditorWindow& w = form->tool();
+    w.Check3_Click(true);
+    ASSERT_EQ(server->control(std::string("press ") + app::kDemoSpareModule + " 2"), "");
+    const std::string expected = std::string("Codice  ") + app::kDemoSpareModule + "/2";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return w.Label_picked == expected; }, 10000))
+        << w.Label_picked;
+    session.modules.ELENCO_MODULI();
+    const auto& codes = session.modules.ELENCO_CODICI;
+    EXPECT_NE(std::find(codes.begin(), codes.end(), app::kDemoSpareModule), codes.end());
+    EXPECT_EQ(session.receiver.flags.ATTESA_TIPO, "");
+    EXPECT_EQ(w.command_index, -1);  // its points have no names yet
 }
 
 }  // namespace
