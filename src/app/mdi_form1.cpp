@@ -13,6 +13,7 @@
 #include "app/form2.hpp"
 #include "app/form3.hpp"
 #include "app/form4.hpp"
+#include "app/form9.hpp"
 #include "app/levels.hpp"
 #include "app/main_menu.hpp"
 #include "app/moduli.hpp"
@@ -159,6 +160,7 @@ bool MDIForm1::show_project() {
     host.show_connection = [this] { show_connection(); };
     host.show_programming = [this] { open_programming(); };
     host.show_module = [this](bool wait) { open_module({}, 0, ModuleOpener::ProjectWindow, {}, wait); };
+    host.show_link_editor = [this] { open_link_editor(); };
     host.show_main_menu = [this] { show_main_menu(); };
     auto* form = new Form3(session_, std::move(host));
     connect(form, &Form3::caption_changed, this, &QWidget::setWindowTitle);
@@ -244,6 +246,38 @@ void MDIForm1::open_module(const std::string& code, int PUNTO_EVIDENZIATO, Modul
 
 MODULI* MDIForm1::module_window() const {
     return module_;
+}
+
+void MDIForm1::open_link_editor() {
+    Form3* hub = form3();
+    if (!hub || stack_->findChild<Form9*>()) return;
+    // Form9 covers the project window; a point's module opens over it, and
+    // the editor comes back to the fore when the module window closes.
+    LinkEditorHost host;
+    host.open_module = [this](const std::string& codice, int PUNTO_EVIDENZIATO) {
+        // The editor waits for the module window, then reads its lists again.
+        open_module(codice, PUNTO_EVIDENZIATO, ModuleOpener::LinkEditor, [this] {
+            if (Form9* editor = stack_->findChild<Form9*>()) {
+                editor->tool().module_closed();
+                editor->refresh();
+            }
+        }, true);
+    };
+    host.show_hub = [this] {
+        Form9* form = stack_->findChild<Form9*>();
+        if (!form) return;
+        if (Form3* f = form3()) {
+            stack_->setCurrentWidget(f);
+            f->load();
+        }
+        stack_->removeWidget(form);
+        form->deleteLater();
+        refresh_status();
+    };
+    auto* form = new Form9(session_, std::move(host));
+    stack_->addWidget(form);
+    stack_->setCurrentWidget(form);
+    form->load();
 }
 
 void MDIForm1::port_lost(const QString& what) {

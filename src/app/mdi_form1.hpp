@@ -61,6 +61,8 @@ class MDIForm1 final : public QMainWindow {
                      std::function<void()> on_close = {}, bool wait = false);
     // The module window while it is open, else null.
     MODULI* module_window() const;
+    // Form9, the link editor, over the project window.
+    void open_link_editor();
     // The port was lost under a running operation.
     void port_lost(const QString& what);
 

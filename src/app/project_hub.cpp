@@ -134,7 +134,10 @@ void ProjectHub::menu_click(int index) {
             Frame3 = has_modules;
             break;
         case LinkModules:
-            not_yet_available(Text::LINK_MODULES);
+            if (host_.show_link_editor)
+                host_.show_link_editor();
+            else
+                not_yet_available(Text::LINK_MODULES);
             break;
         case Utility:
             Frame4 = true;

@@ -1,11 +1,13 @@
 #pragma once
 // The commands of filo-cli. Each returns the exit code, writes its result to
 // Context::out and throws UserError for a mistake of the user's.
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "cli/cli_context.hpp"
+#include "links/link_times.hpp"
 
 namespace filo::cli {
 
@@ -97,5 +99,33 @@ int list_points(Context& context, const PointsRequest& request);
 // The integrity of a project edited elsewhere: a line for each finding, exit
 // 1 when there is any.
 int check_project(Context& context, const std::string& project_path);
+
+// The link editor without its window: the modes of a pair, a link made,
+// a link deleted. Points are the item data that list_points prints.
+struct ModesRequest {
+    std::string project;
+    std::int64_t command = 0;
+    std::int64_t output = 0;
+};
+int list_modes(Context& context, const ModesRequest& request);
+
+struct AddLinkRequest {
+    std::string project;
+    std::int64_t command = 0;
+    std::int64_t output = 0;
+    int mode = 0;
+    std::optional<std::string> time_on, delay_on, delay_off;  // S or H:MM:SS, .D tenths
+    bool no_retrigger = false;
+    bool steady = false;
+    std::vector<int> blink;                    // T on, T off: 1 to 255
+    std::optional<std::string> blink_pattern;  // 16 characters "0"/"1"
+    std::vector<int> messages;                 // 1 to 96
+    bool replace = false;
+    bool dry_run = false;
+};
+int add_link(Context& context, const AddLinkRequest& request);
+int delete_link(Context& context, const std::string& project_path, std::int64_t id);
+// A time as add-link takes it; false when it is no time of the editor's.
+bool parse_link_time(const std::string& text, links::TimeEntry& time);
 
 }  // namespace filo::cli

@@ -170,6 +170,73 @@ int run(int argc, char** argv) {
         ->add_option("project", path, "The project file")
         ->required();
 
+    // The link editor without its window.
+    filo::cli::ModesRequest modes;
+    auto* modes_cmd = command(
+        "modes", "The modes the link editor offers for a pair, one a line: N TAB caption",
+        [&](Context& c) { return filo::cli::list_modes(c, modes); });
+    modes_cmd->footer(
+        "Output (a contract): one line per mode offered, the mode number (1-9), a TAB, its\n"
+        "caption in the chosen language, exactly as the editor shows it. Nothing offered: no\n"
+        "lines, exit 0. A pair the editor refuses: its message on stderr, exit 1.");
+    modes_cmd->add_option("project", modes.project, "The project file")->required();
+    modes_cmd->add_option("--command", modes.command, "Item data of the command (points --commands)")
+        ->required();
+    modes_cmd->add_option("--output", modes.output, "Item data of the output (points --outputs)")
+        ->required();
+
+    filo::cli::AddLinkRequest link;
+    auto* link_cmd = command("add-link", "Make a link as the link editor's COLLEGA does",
+                             [&](Context& c) { return filo::cli::add_link(c, link); });
+    link_cmd->footer(
+        "Output (a contract): the rows written, one a line, as column=value pairs separated by\n"
+        "TAB in the table's column order without ID; continuation rows follow their main row.\n"
+        "Backslash, TAB, LF and CR in a value are written \\\\, \\t, \\n, \\r. The IDs written go to\n"
+        "stderr, one a line. --dry-run prints the same rows and writes nothing.\n"
+        "T is S or H:MM:SS (at most 17:59:59), with .D tenths where the editor offers them;\n"
+        "0 means not typed. Exit 1 with the editor's message for a pair, mode or setting it\n"
+        "would not allow, for a pair already linked (naming its ID; --replace overwrites it),\n"
+        "and for a link that needs the advanced options.");
+    link_cmd->add_option("project", link.project, "The project file")->required();
+    link_cmd->add_option("--command", link.command, "Item data of the command (points --commands)")
+        ->required();
+    link_cmd->add_option("--output", link.output, "Item data of the output (points --outputs)")
+        ->required();
+    link_cmd->add_option("--mode", link.mode, "The mode number that modes prints")
+        ->required()
+        ->check(CLI::Range(1, 9));
+    link_cmd->add_option("--time-on", link.time_on, "Tempo di attivazione (T)");
+    link_cmd->add_option("--delay-on", link.delay_on, "Tempo ritardo attivazione (T)");
+    link_cmd->add_option("--delay-off", link.delay_off, "Tempo prima dello spegnimento (T)");
+    link_cmd->add_flag("--no-retrigger", link.no_retrigger, "Untick Ricaricabile");
+    auto* lamp = link_cmd->add_option_group("lamp", "The lamp of an indicator output");
+    lamp->add_flag("--steady", link.steady, "Luce fissa");
+    lamp->add_option("--blink", link.blink, "Lampeggio semplice: ON,OFF, each 1-255")
+        ->delimiter(',')
+        ->expected(2)
+        ->check(CLI::Range(1, 255));
+    lamp->add_option("--blink-pattern", link.blink_pattern,
+                     "Lampeggio composito: 16 characters 0/1, one a step")
+        ->check([](const std::string& v) {
+            return v.size() == 16 && v.find_first_not_of("01") == std::string::npos
+                       ? std::string()
+                       : std::string("16 characters 0 or 1");
+        });
+    lamp->require_option(0, 1);
+    link_cmd->add_option("--messages", link.messages, "Messages of a message module: N[,N...]")
+        ->delimiter(',')
+        ->check(CLI::Range(1, 96));
+    link_cmd->add_flag("--replace", link.replace, "Overwrite the pair's link (Sovrascrivi)");
+    link_cmd->add_flag("--dry-run", link.dry_run, "Print the rows and write nothing");
+
+    std::int64_t link_id = 0;
+    auto* delete_cmd =
+        command("delete-link", "Delete one link row and its continuation (Elimina)",
+                [&](Context& c) { return filo::cli::delete_link(c, path, link_id); });
+    delete_cmd->add_option("project", path, "The project file")->required();
+    delete_cmd->add_option("id", link_id, "The ID of the link's main row (links prints it)")
+        ->required();
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& e) {

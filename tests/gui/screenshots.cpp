@@ -15,6 +15,7 @@
 #include "app/form1.hpp"
 #include "app/form3.hpp"
 #include "app/form4.hpp"
+#include "app/form9.hpp"
 #include "app/main_menu.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/moduli.hpp"
@@ -165,5 +166,28 @@ int main(int argc, char** argv) {
     ok &= module_shot("003005", nullptr, "12-module-dimmer.png");
     ok &= module_shot("001015", "Image1_4", "13-module-options.png");
     ok &= module_shot("001015", "Image8_1", "14-output-options.png");
+    // The link editor: a link ready to confirm, then the details of a link.
+    window.open_link_editor();
+    settle(200);
+    if (auto* editor = window.findChild<filo::app::Form9*>()) {
+        filo::app::LinkEditorWindow& links = editor->tool();
+        auto pick = [](const std::vector<filo::store::ListEntry>& list, const std::string& text) {
+            for (std::size_t i = 0; i < list.size(); ++i)
+                if (list[i].text.starts_with(text)) return static_cast<int>(i);
+            return -1;
+        };
+        links.Combo_COMANDI_Click(pick(links.Combo_COMANDI, "Pulsante sala"));
+        links.Combo_UTILIZZATORI_Click(pick(links.Combo_UTILIZZATORI, "Luce sala"));
+        links.Option1_Click(2);
+        links.time_box_change(filo::app::LinkEditorWindow::Time::On,
+                              filo::app::LinkEditorWindow::Part::Minutes, "5");
+        editor->refresh();
+        ok &= save(&window, out, "15-link-editor.png");
+        links.Image4_1_Click();
+        if (!links.LISTA_COMANDATI.empty())
+            links.list_double_click(links.LISTA_COMANDATI.front().item_data);
+        editor->refresh();
+        ok &= save(&window, out, "16-link-details.png");
+    }
     return ok ? 0 : 1;
 }
