@@ -92,8 +92,11 @@ void BM_RunAgainstSimulator(benchmark::State& state) {
     const double protocol = protocol_seconds(generated.project, true);
     const double without_line_time = protocol_seconds(generated.project, false);
 
+    // The simulator carries the characters at the programmer's speed.
+    sim::Faults line;
+    line.baud = 19200;
     sim::Simulator simulator(sim::make_installation(sim::bus_codes_of_project(generated.file), {}),
-                             sim::Faults{});
+                             line);
     sim::SimServer server(simulator);
     server.start();
     double wall = 0, cpu = 0;

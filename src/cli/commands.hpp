@@ -85,4 +85,14 @@ int list_points(Context& context, const PointsRequest& request);
 // 1 when there is any.
 int check_project(Context& context, const std::string& project_path);
 
+// The working point of a photo-sensor module, set live and stored.
+struct LightRequest {
+    std::string project;
+    std::string code;  // the sensor's 6-character code
+    std::string port;
+    int level = 0;  // the wanted brightness, 0-100 as the window's slider
+    double timeout_s = 30;
+};
+int set_constant_light(Context& context, const LightRequest& request);
+
 }  // namespace filo::cli
