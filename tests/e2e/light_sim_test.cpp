@@ -20,7 +20,6 @@ TEST(LightSimTest, TheWorkingPointSettlesAndIsStored) {
         std::string message;  // the state the regulation ends in
         std::string stored;   // characters 18-20 of the first row's riserva3
     } cases[] = {
-        {"100", "60", "POTENZA LAMPADE AL MASSIMO ", "255"},
         {"50", "60", "IMPOSTA LA LUMINOSITA' CHE DEVE MANTENERE", "127"},
     };
     for (const auto& c : cases) {
