@@ -111,7 +111,11 @@ void Simulator::input_event(std::uint16_t address, int input, int value, bool to
             if (pressed) bits |= bit;
             if (released) bits &= static_cast<std::uint8_t>(~bit);
         };
-        if (input >= 1 && input <= kRelays) mark(m.state.inputs, input);
+        if (input >= 1 && input <= kRelays) {
+            mark(m.state.inputs, input);
+            // Letting go ends a hold as well.
+            if (released) m.state.held &= static_cast<std::uint8_t>(~(1u << (input - 1)));
+        }
         if (input > kHeldOffset && input <= kHeldOffset + kRelays)
             mark(m.state.held, input - kHeldOffset);
     }

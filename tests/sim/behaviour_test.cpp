@@ -175,6 +175,9 @@ TEST(BehaviourTest, QueriesReadTheLiveStateAndTheTestMaskDrivesTheRelays) {
     EXPECT_EQ(relays(s), "10000001");
     const auto state = nlohmann::json::parse(dump_json(s))["modules"]["00111F"]["state"];
     EXPECT_EQ(state["inputs"], "01000000");
+    s.control("release 00111F 2", 5);  // letting go ends the hold
+    output_until(s, 5, 5);
+    EXPECT_EQ(talk(s, full("(400116200]"), 5), bus::register_answer_frame(0x0011, 0) + "OK");
     EXPECT_EQ(state["flags"], "0000000000000000");
 }
 
