@@ -52,5 +52,31 @@ TEST(LightSimTest, TheWorkingPointSettlesAndIsStored) {
     }
 }
 
+TEST(LightSimTest, ASensorThatNeverAnswersStoresNothing) {
+    testing::TempDir dir;
+    const auto file = testing::make_empty_project(dir.path());
+    const std::string before = "00000000000000040125000000";
+    {
+        store::Project project;
+        project.open(file);
+        store::ModuleTable table(project);
+        testing::add_module(table, "00A019", 8, "Sensore sala");
+        testing::set_column(project, "00A019", 1, "riserva3", before);
+    }
+    testing::SimProcess sim({"--silent", "00A019"});
+    const auto r = testing::run_program(
+        "filo-cli",
+        {"light", file.string(), "00A019", "--level", "80", "--port", sim.port(), "--timeout", "1"},
+        {{"FILO_HOME", (dir.path() / "home").string()}});
+    EXPECT_EQ(r.exit_code, 3) << r.out;
+    EXPECT_EQ(r.out.find("stored"), std::string::npos) << r.out;
+    EXPECT_EQ(sim.stop(), 0);
+    store::Project project;
+    project.open(file);
+    store::ModuleTable table(project);
+    table.LEGGI_MODULO("00A019");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(1).riserva3, before);
+}
+
 }  // namespace
 }  // namespace filo
