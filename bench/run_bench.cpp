@@ -92,8 +92,11 @@ void BM_RunAgainstSimulator(benchmark::State& state) {
     const double protocol = protocol_seconds(generated.project, true);
     const double without_line_time = protocol_seconds(generated.project, false);
 
+    // The simulator carries the characters at the given speed (0: at once).
+    sim::Faults line;
+    line.baud = static_cast<int>(state.range(2));
     sim::Simulator simulator(sim::make_installation(sim::bus_codes_of_project(generated.file), {}),
-                             sim::Faults{});
+                             line);
     sim::SimServer server(simulator);
     server.start();
     double wall = 0, cpu = 0;
@@ -122,7 +125,8 @@ void BM_RunAgainstSimulator(benchmark::State& state) {
     state.counters["errors"] = errors;
 }
 BENCHMARK(BM_RunAgainstSimulator)
-    ->Args({30, 300})
+    ->Args({30, 300, 19200})
+    ->Args({30, 300, 0})
     ->Iterations(1)
     ->UseRealTime()
     ->Unit(benchmark::kSecond);

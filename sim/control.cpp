@@ -1,5 +1,6 @@
 // The control lines: what the person at the installation does (press a
 // button, turn a sensor) and what a module shows when it is asked.
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <sstream>
@@ -36,15 +37,21 @@ std::string Simulator::control(std::string_view line, double now) {
     for (std::string w; in >> w;) words.push_back(std::move(w));
     if (words.empty() || words[0][0] == '#') return {};
     const std::string& verb = words[0];
+    now_ = std::max(now_, now);
+    advance(now);
+    if (verb == "traffic") {
+        const auto rate = words.size() == 2 ? decimal(words[1], 0, 1000) : std::nullopt;
+        if (!rate) return "usage: traffic N (presses and releases a second, 0-1000)";
+        set_traffic(*rate, now);
+        return {};
+    }
     if (words.size() < 2) return "missing module code: " + std::string(line);
     SimModule* m = module(upper(words[1]));
     if (!m) return "no module " + words[1] + " in the installation";
 
     auto event = [&](int input, int value) -> std::string {
         if (m->silent) return "module " + m->code + " is silent";
-        send(bus::input_event_frame(m->address, static_cast<std::uint8_t>(input),
-                                    static_cast<std::uint8_t>(value)),
-             now);
+        input_event(m->address, input, value, true, 0);
         return {};
     };
     if (verb == "press" || verb == "release" || verb == "hold") {
@@ -69,6 +76,7 @@ std::string Simulator::control(std::string_view line, double now) {
             values.values[values.count++] = static_cast<std::uint8_t>(*v);
         }
         m->analog = values;
+        m->analog_set = true;
         return {};
     }
     if (verb == "register") {
@@ -76,6 +84,14 @@ std::string Simulator::control(std::string_view line, double now) {
         const auto value = words.size() == 4 ? bus::read_hex_byte(upper(words[3])) : std::nullopt;
         if (!reg || !value) return "usage: register CODE RR VV (two hex digits each)";
         m->readable[*reg] = *value;
+        return {};
+    }
+    if (verb == "daylight" || verb == "lamps") {
+        const auto v = words.size() == 3 ? decimal(words[2], 0, 255) : std::nullopt;
+        if (!v) return "usage: " + verb + " CODE VALUE (0-255)";
+        if (m->type != kPhotoSensorType) return "module " + m->code + " is no photo-sensor";
+        (verb == "daylight" ? m->room.daylight : m->room.lamps) = *v;
+        start_regulating(static_cast<std::size_t>(m - modules_.data()));
         return {};
     }
     if (verb == "silent") {

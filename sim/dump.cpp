@@ -17,6 +17,22 @@ std::string remote_code(const TaughtRemote& r) {
            (r.second ? bus::hex_byte(*r.second) : "..");
 }
 
+// Character k is point k: "1" on or pressed.
+std::string points(unsigned bits, int count) {
+    std::string text(static_cast<std::size_t>(count), '0');
+    for (int k = 0; k < count; ++k)
+        if ((bits >> k) & 1) text[static_cast<std::size_t>(k)] = '1';
+    return text;
+}
+
+json state_json(const SimModule& m) {
+    const bus::AnalogValues analog = m.analog_values();
+    return {{"relays", points(m.relay_outputs(), 8)},
+            {"flags", points(m.state.flags, 16)},
+            {"inputs", points(m.state.inputs, 8)},
+            {"analog", std::vector<int>(analog.values.begin(), analog.values.end())}};
+}
+
 json module_json(const SimModule& m) {
     json registers = json::object();
     for (const auto& [command, value] : m.registers)
@@ -39,7 +55,8 @@ json module_json(const SimModule& m) {
             {"cards", std::move(cards)},
             {"links", m.links},
             {"remotes", std::move(remotes)},
-            {"frames", m.frames}};
+            {"frames", m.frames},
+            {"state", state_json(m)}};
 }
 
 }  // namespace

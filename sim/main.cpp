@@ -94,6 +94,15 @@ int run(int argc, char** argv) {
         ->check(CLI::Range(0.0, 1.0));
     app.add_flag("--split", faults.split, "Writes leave in pieces of 1-4 characters, 1 ms apart");
     app.add_option("--seed", faults.seed, "Seed of the faults");
+    faults.baud = 19200;
+    app.add_option("--baud", faults.baud,
+                   "Line speed in bit/s, 10 bits a character; 0 answers at once")
+        ->check(CLI::Range(0, 10000000))
+        ->capture_default_str();
+    int traffic = 0;
+    app.add_option("--traffic", traffic,
+                   "Random presses and releases a second over the inputs that have links")
+        ->check(CLI::Range(0, 1000));
     CLI11_PARSE(app, argc, argv);
     faults.late = late_ms / 1000.0;
 
@@ -121,6 +130,7 @@ int run(int argc, char** argv) {
     filo::sim::Simulator simulator(std::move(modules), faults);
     filo::sim::SimServer server(simulator);
     server.start();
+    if (traffic > 0) server.control("traffic " + std::to_string(traffic));
     std::cout << server.path() << std::endl;
 
     wait_for_signal(signal_fd, server, dump_file);

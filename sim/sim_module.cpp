@@ -15,6 +15,22 @@ constexpr std::uint8_t kResetCommand = 0x6F;
 constexpr std::uint8_t kRemoteFirstBase = 0x10;
 constexpr std::uint8_t kRemoteSecondBase = 0x90;
 constexpr int kMaxRemotes = 100;
+constexpr std::uint8_t kInversionCommand = 0x67;
+// The photo-sensor's set-up mode: "65" with "01" enters it, "81" leaves it.
+constexpr std::uint8_t kSetupCommand = 0x65;
+constexpr std::uint8_t kSetupOn = 0x01;
+constexpr std::uint8_t kSetupOff = 0x81;
+// Registers of the state, as the analysis reads them.
+enum Register : std::uint8_t {
+    kRelays = 0x65,
+    kFlagsLow = 0xA1,
+    kFlagsHigh = 0xA2,
+    kInputs = 0x61,
+    kHeld = 0x62,
+    kLamps = 0x86,
+};
+// Both "EVENTO SI" bits of a link's mode byte.
+constexpr std::uint8_t kEventBits = 0x18;
 
 void write_parameter(SimModule& m, std::uint8_t command, std::uint8_t value) {
     if (command == kResetCommand) {
@@ -22,6 +38,10 @@ void write_parameter(SimModule& m, std::uint8_t command, std::uint8_t value) {
         return;
     }
     m.registers[command] = value;
+    if (m.type == kPhotoSensorType && command == kSetupCommand) {
+        if (value == kSetupOn) m.room.setup = true;
+        if (value == kSetupOff) m.room.setup = false;
+    }
     if (m.type != kRadioReceiverType) return;
     if (command >= kRemoteFirstBase && command < kRemoteFirstBase + kMaxRemotes)
         m.remotes[command - kRemoteFirstBase + 1].first = value;
@@ -31,12 +51,56 @@ void write_parameter(SimModule& m, std::uint8_t command, std::uint8_t value) {
 
 }  // namespace
 
+int Room::reading() const {
+    return std::min(255, daylight + command * lamps / 255);
+}
+
+std::uint8_t SimModule::relay_outputs() const {
+    const auto it = registers.find(kInversionCommand);
+    return static_cast<std::uint8_t>(state.relays ^ (it == registers.end() ? 0 : it->second));
+}
+
+std::uint8_t SimModule::read_register(std::uint8_t reg) const {
+    if (const auto it = readable.find(reg); it != readable.end()) return it->second;
+    switch (reg) {
+        case kRelays:
+            return relay_outputs();
+        case kFlagsLow:
+            return static_cast<std::uint8_t>(state.flags & 0xFF);
+        case kFlagsHigh:
+            return static_cast<std::uint8_t>(state.flags >> 8);
+        case kInputs:
+            return state.inputs;
+        case kHeld:
+            return state.held;
+        case kLamps:
+            return state.lamps;
+        default:
+            return 0;
+    }
+}
+
+bus::AnalogValues SimModule::analog_values() const {
+    if (analog_set || type != kPhotoSensorType) return analog;
+    bus::AnalogValues values{{}, bus::kMaxAnalogValues};
+    values.values[0] = static_cast<std::uint8_t>(room.reading());
+    values.values[1] = static_cast<std::uint8_t>(room.command);
+    return values;
+}
+
+bool SimModule::emits_event(int relay) const {
+    return std::any_of(link_records.begin(), link_records.end(), [&](const bus::LinkRecord& r) {
+        return r.numero_uscita == relay && (r.modo_ & kEventBits) == kEventBits;
+    });
+}
+
 void SimModule::reset(std::uint8_t value) {
     registers.clear();
     tipologie.clear();
     texts.clear();
     cards.clear();
     links.clear();
+    link_records.clear();
     remotes.clear();
     ++resets;
     reset_value = value;
@@ -47,12 +111,10 @@ std::optional<std::string> SimModule::take(const bus::Frame& frame) {
     switch (frame.kind) {
         case bus::FrameKind::IdentificationQuery:
             return bus::identification_answer_frame(address, type);
-        case bus::FrameKind::ReadRegister: {
-            const auto it = readable.find(frame.command);
-            return bus::register_answer_frame(address, it == readable.end() ? 0 : it->second);
-        }
+        case bus::FrameKind::ReadRegister:
+            return bus::register_answer_frame(address, read_register(frame.command));
         case bus::FrameKind::AnalogQuery:
-            return bus::analog_answer_frame(address, analog);
+            return bus::analog_answer_frame(address, analog_values());
         case bus::FrameKind::Parameter:
             write_parameter(*this, frame.command, frame.value);
             break;
@@ -62,8 +124,10 @@ std::optional<std::string> SimModule::take(const bus::Frame& frame) {
             break;
         case bus::FrameKind::Link: {
             std::string record(frame.payload);  // the 35 characters as they came
-            if (std::find(links.begin(), links.end(), record) == links.end())
+            if (std::find(links.begin(), links.end(), record) == links.end()) {
                 links.push_back(std::move(record));
+                link_records.push_back(frame.link);
+            }
             break;
         }
         case bus::FrameKind::Card:

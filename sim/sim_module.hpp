@@ -13,6 +13,28 @@ namespace filo::sim {
 
 // The type of a radio receiver, which learns remote controls by number.
 inline constexpr std::uint8_t kRadioReceiverType = 0x4A;
+// The photo-sensor module that keeps a room's light at a set point.
+inline constexpr std::uint8_t kPhotoSensorType = 0x19;
+
+// What a module is doing now; bit n-1 stands for point n.
+struct ModuleState {
+    std::uint8_t relays = 0;  // as its links drive them, before the inversion mask
+    std::uint16_t flags = 0;
+    std::uint8_t inputs = 0;  // pressed (or closed) now
+    std::uint8_t held = 0;    // held down past the short press
+    std::uint8_t lamps = 0;   // the eight group lamps
+};
+
+// The room of a photo-sensor module: daylight plus what its lamps give at
+// the command it drives them with, both on the sensor's 0-255 scale.
+struct Room {
+    int daylight = 60;
+    int lamps = 160;          // what the lamps add at full command
+    int command = 0;          // 0-255, to the lamps
+    bool setup = false;       // in set-up mode: it regulates towards the set point
+    bool regulating = false;  // a regulation step is due
+    int reading() const;
+};
 
 // A remote control as a receiver learnt it: the two bytes of its code, each
 // written by its own command ("10" + n - 1 and "90" + n - 1).
@@ -33,6 +55,7 @@ struct SimModule {
     std::map<std::uint8_t, std::string> texts;       // text records by number, raw 8-bit
     std::vector<bus::CardRecord> cards;              // each card once, in order of arrival
     std::vector<std::string> links;                  // each link record once, in order
+    std::vector<bus::LinkRecord> link_records;       // the same, taken apart
     std::map<int, TaughtRemote> remotes;             // receivers only: remote number -> code
     int resets = 0;
     std::optional<std::uint8_t> reset_value;  // of the last reset: 0x68, or 0xFF short message off
@@ -41,6 +64,22 @@ struct SimModule {
     // What it tells when asked, set through the control lines.
     std::map<std::uint8_t, std::uint8_t> readable;  // kind "4": register -> value ("00" if unset)
     bus::AnalogValues analog{{}, bus::kMaxAnalogValues};
+    bool analog_set = false;  // by an "analog" line, over what the module reads itself
+
+    ModuleState state;
+    Room room;  // photo-sensor modules only
+
+    // The relays as they stand at the terminals: the links' state through
+    // the inversion mask, which is also how the outputs are tested.
+    std::uint8_t relay_outputs() const;
+    // What a register read answers: the live state, unless a "register"
+    // line set the register.
+    std::uint8_t read_register(std::uint8_t reg) const;
+    // What an analog query answers now.
+    bus::AnalogValues analog_values() const;
+    // Whether a change of relay n puts its event on the bus: a link of the
+    // module to that relay asks for it.
+    bool emits_event(int relay) const;
 
     // A reset forgets everything programmed; the counters stay.
     void reset(std::uint8_t value);

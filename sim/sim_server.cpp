@@ -4,6 +4,7 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <system_error>
@@ -88,21 +89,28 @@ void SimServer::serve() {
     platform::SteadyClock clock;
     char buffer[4096];
     for (;;) {
-        int timeout_ms = -1;
+        // To the microsecond: a line at 19200 bit/s carries a character in
+        // half a millisecond, and a wait rounded up to whole milliseconds
+        // would slow every answer by that much.
+        timespec timeout{};
+        bool forever = true;
         {
             std::lock_guard lock(mutex_);
             if (stopping_) return;
             pending_ += simulator_.take_output(clock.now());
             if (const auto next = simulator_.next_output()) {
-                const double left = *next - clock.now();
-                timeout_ms = left <= 0 ? 0 : static_cast<int>(std::ceil(left * 1000));
+                const double left = std::max(0.0, *next - clock.now());
+                const auto us = static_cast<long long>(std::ceil(left * 1e6));
+                timeout.tv_sec = static_cast<time_t>(us / 1000000);
+                timeout.tv_nsec = static_cast<long>(us % 1000000) * 1000;
+                forever = false;
             }
         }
         write_pending();
         pollfd fds[2] = {
             {pty_->master(), static_cast<short>(POLLIN | (pending_.empty() ? 0 : POLLOUT)), 0},
             {wake_fd_, POLLIN, 0}};
-        const int r = ::poll(fds, 2, timeout_ms);
+        const int r = ::ppoll(fds, 2, forever ? nullptr : &timeout, nullptr);
         if (r < 0 && errno != EINTR) return;
         if (r <= 0) continue;
         if (fds[1].revents & POLLIN) {

@@ -1,5 +1,7 @@
 #include "sim/simulator.hpp"
 
+#include <algorithm>
+
 #include "bus/frame.hpp"
 #include "bus/frame_parser.hpp"
 
@@ -11,23 +13,42 @@ namespace {
 // codes of "OK" or of the search digits, so noise never fakes an answer.
 constexpr std::string_view kNoise = "defghijklmnopqrstuvwxyz";
 constexpr std::string_view kOk = "OK";
+// Start bit, eight data bits, stop bit.
+constexpr double kBitsPerCharacter = 10;
 
 }  // namespace
 
 Simulator::Simulator(std::vector<SimModule> modules, Faults faults)
-    : modules_(std::move(modules)), faults_(faults), random_(faults.seed) {
+    : modules_(std::move(modules)),
+      faults_(faults),
+      random_(faults.seed),
+      character_time_(faults.baud > 0 ? kBitsPerCharacter / faults.baud : 0) {
     input_.on_search_digits = [this] { send(std::string(ProgrammerInput::kSearchDigits), now_); };
     input_.on_frame = [this](const std::string& frame) { put_on_bus(frame); };
     input_.on_answer_asked = [this] { answer_asked(); };
 }
 
 void Simulator::receive(std::string_view bytes, double now) {
-    now_ = now;
-    for (char c : bytes) input_.feed(c);
+    advance(now);
+    // Each character is there once the line has carried it, after those
+    // written before it.
+    for (char c : bytes) {
+        in_free_ = std::max(in_free_, now) + character_time_;
+        now_ = in_free_;
+        input_.feed(c);
+    }
 }
 
 std::string Simulator::take_output(double now) {
+    advance(now);
     return outbox_.take(now);
+}
+
+std::optional<double> Simulator::next_output() const {
+    const std::optional<double> out = outbox_.next();
+    if (pending_.empty()) return out;
+    const double event = pending_.begin()->first;
+    return out ? std::min(*out, event) : event;
 }
 
 SimModule* Simulator::module(std::string_view code) {
@@ -53,15 +74,22 @@ void Simulator::put_on_bus(const std::string& text) {
         return;
     }
     if (frame.kind == bus::FrameKind::Unknown) return;  // no module takes it
+    bool taken = false;
     // The "OK" stands for a module that took the frame: none at the address,
     // or only silent ones, and the PC hears nothing.
-    for (SimModule& m : modules_) {
+    for (std::size_t i = 0; i < modules_.size(); ++i) {
+        SimModule& m = modules_[i];
         if (m.address != frame.address || m.silent) continue;
-        ok_owed_ = true;
+        ok_owed_ = taken = true;
         const std::size_t links_before = m.links.size();
         if (auto answer = m.take(frame)) send(std::move(*answer), now_ + faults_.late);
         if (m.links.size() > links_before) links_.push_back(m.links.back());
+        if (m.type == kPhotoSensorType && frame.kind == bus::FrameKind::Parameter)
+            start_regulating(i);
     }
+    // The PC simulating an input: the module acts as if it had been pressed.
+    if (taken && frame.kind == bus::FrameKind::InputEvent)
+        input_event(frame.address, frame.command, frame.value, false, 0);
 }
 
 void Simulator::answer_asked() {
@@ -88,6 +116,10 @@ void Simulator::send(std::string bytes, double at) {
         for (std::size_t i = 0; i < n; ++i) garbage += kNoise[random_() % kNoise.size()];
         bytes.insert(0, garbage);
     }
+    // Whole on the line behind what is already on it: the PC has it when its
+    // last character (or the first piece) has crossed.
+    const double start = std::max(at, out_free_);
+    out_free_ = start + static_cast<double>(bytes.size()) * character_time_;
     std::vector<std::string> pieces;
     if (!faults_.split) {
         pieces.push_back(std::move(bytes));
@@ -98,7 +130,10 @@ void Simulator::send(std::string bytes, double at) {
             i += n;
         }
     }
-    outbox_.post(at, std::move(pieces));
+    const double due = faults_.split && character_time_ > 0
+                           ? start + static_cast<double>(pieces.front().size()) * character_time_
+                           : out_free_;
+    outbox_.post(character_time_ > 0 ? due : at, std::move(pieces));
 }
 
 }  // namespace filo::sim

@@ -4,6 +4,7 @@
 // the caller, so it runs on a pseudo-terminal in real time and in tests in
 // virtual time. No I/O here.
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <random>
 #include <string>
@@ -23,6 +24,9 @@ struct Faults {
     double noise = 0;    // chance of garbage characters in front of a write
     bool split = false;  // writes leave in pieces of 1-4 characters, 1 ms apart
     std::uint32_t seed = 1;
+    // Not a fault but the line itself: bit/s, 10 bits a character; 0 carries
+    // every character at once.
+    int baud = 0;
 };
 
 class Simulator {
@@ -36,8 +40,14 @@ class Simulator {
     void receive(std::string_view bytes, double now);
     // Bytes the PC gets at time now.
     std::string take_output(double now);
-    // When there is next something to take, nothing when all is written.
-    std::optional<double> next_output() const { return outbox_.next(); }
+    // When there is next something to take or something happens in the
+    // installation (a timed link, a regulation step, traffic); nothing when
+    // all is written and all is still.
+    std::optional<double> next_output() const;
+
+    // Random presses and releases, so many a second, over the inputs that
+    // have links; 0 stops them. They start at now.
+    void set_traffic(double per_second, double now);
 
     // One control line (see docs/SIMULATOR.md): "press 00121F 3". Returns ""
     // when done, else what was wrong with it.
@@ -55,7 +65,33 @@ class Simulator {
     int programming_closed() const { return closed_; }
 
   private:
+    // What happens at a time: a link's delayed or timed switching, a
+    // regulation step, the next random press.
+    struct Pending {
+        enum class What { SwitchOn, SwitchOff, Regulate, Traffic } what;
+        std::size_t module = 0;
+        int output = 0;
+        double timed = 0;  // SwitchOn: seconds it stays on, 0 for ever
+        bool retrig = false;
+        unsigned generation = 0;  // stale when the output was switched since
+    };
+
     void put_on_bus(const std::string& frame);
+    // Runs what is due up to now.
+    void advance(double now);
+    void run(const Pending& p, double at);
+    // An input event of the module at address: the inputs it shows, the
+    // links that follow it in every module, and, when to_pc, the frame.
+    void input_event(std::uint16_t address, int input, int value, bool to_pc, int depth);
+    void follow_link(std::size_t module, const bus::LinkRecord& link, int value, int depth);
+    void switch_on(std::size_t module, int output, double timed, bool retrig, int depth);
+    void switch_off(std::size_t module, int output, int depth);
+    void set_output(std::size_t module, int output, bool on, int depth);
+    void schedule(double at, Pending p);
+    unsigned& generation(std::size_t module, int output);
+    void regulate(std::size_t module);
+    void start_regulating(std::size_t module);
+    void random_press();
     void answer_asked();
     // A message for the PC, due at the given time, with noise and split applied.
     void send(std::string bytes, double at);
@@ -66,7 +102,14 @@ class Simulator {
     std::mt19937 random_;
     ProgrammerInput input_;
     Outbox outbox_;
-    double now_ = 0;        // the time of the byte being fed
+    double now_ = 0;             // the time of the byte being fed, or of what happens
+    double character_time_ = 0;  // seconds a character takes on the line
+    double in_free_ = 0;         // when the line from the PC has carried all written
+    double out_free_ = 0;        // when the line to the PC has carried all sent
+    std::multimap<double, Pending> pending_;
+    std::map<std::pair<std::size_t, int>, unsigned> generations_;
+    std::map<std::pair<std::size_t, int>, double> off_due_;  // timed outputs: when they go off
+    double traffic_period_ = 0;
     bool ok_owed_ = false;  // the last frame earns an "OK" if the PC asks for one
     std::vector<std::string> bus_;
     std::vector<std::string> links_;

@@ -99,8 +99,9 @@ bool Demo::start() {
     try {
         std::vector<std::string> codes = sim::bus_codes_of_project(file);
         codes.push_back(kDemoSpareModule);
-        simulator_ =
-            std::make_unique<sim::Simulator>(sim::make_installation(codes, {}), sim::Faults{});
+        sim::Faults line;
+        line.baud = kDemoLineSpeed;  // the demo keeps a real line's pace
+        simulator_ = std::make_unique<sim::Simulator>(sim::make_installation(codes, {}), line);
         server_ = std::make_unique<sim::SimServer>(*simulator_);
         server_->start();
     } catch (const std::exception& e) {
@@ -112,6 +113,19 @@ bool Demo::start() {
     if (!session_.use_port(server_->path()))
         session_.message(Text::DEMO_UNAVAILABLE, Text::TITLE_WARNING, {}, server_->path());
     return true;
+}
+
+std::vector<std::string> Demo::module_codes() const {
+    std::vector<std::string> codes;
+    if (!server_) return codes;
+    server_->inspect([&](const sim::Simulator& s) {
+        for (const sim::SimModule& m : s.modules()) codes.push_back(m.code);
+    });
+    return codes;
+}
+
+std::string Demo::control(const std::string& line) {
+    return server_ ? server_->control(line) : std::string("no simulated installation");
 }
 
 }  // namespace filo::app

@@ -21,6 +21,8 @@ inline constexpr const char* kDemoProject = "DEMO";
 const std::vector<std::string>& demo_project_modules();
 // The module that stands on the demo's bus but not in its project.
 inline constexpr const char* kDemoSpareModule = "006015";
+// The demo's line runs at the programmer's speed, bit/s.
+inline constexpr int kDemoLineSpeed = 19200;
 
 // Makes the demo project in the data directory unless it is there; its
 // modules get their rows and the names of a small house. Throws on a fault.
@@ -39,6 +41,11 @@ class Demo {
     bool start();
     // The simulated port's path, "" before start().
     std::string port_path() const;
+    // The codes of the simulated modules, empty before start().
+    std::vector<std::string> module_codes() const;
+    // A control line of the simulator ("press 00121F 3"): "" when done,
+    // else why not.
+    std::string control(const std::string& line);
 
   private:
     Session& session_;

@@ -15,6 +15,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "app/avanzate2.hpp"
 #include "app/programming_window.hpp"
 #include "app/session.hpp"
 #include "app/view_helpers.hpp"
@@ -39,6 +40,10 @@ Form4::Form4(Session& session, QWidget* parent) : QWidget(parent), session_(sess
     host.changed = [this] { refresh(); };
     host.beep = [] { QApplication::beep(); };
     host.show_hub = [this] { emit closed(); };
+    host.show_constant_light = [this](const std::string& code) {
+        AVANZATE2 dialog(session_, code, [this] { emit connection_requested(); }, this);
+        if (dialog.load()) dialog.exec();
+    };
     tool_ = std::make_unique<ProgrammingWindow>(session, std::move(host));
     setObjectName("Form4");
     const auto& t = session_.texts;

@@ -31,6 +31,8 @@ class Form4 final : public QWidget {
   signals:
     // Form_Unload: the window is done and may go.
     void closed();
+    // The set-up of a regulator needs a port: SERIALE, modal.
+    void connection_requested();
 
   private:
     // Adds what the report gained since it was last shown.

@@ -1,15 +1,18 @@
 // filo: the desktop application.
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <filesystem>
 
 #include "app/demo.hpp"
+#include "app/demo_panel.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/qt_messages.hpp"
 #include "app/qt_port_host.hpp"
 #include "app/session.hpp"
 #include "app/single_instance.hpp"
+#include "app/view_helpers.hpp"
 #include "bus/receive_assembler.hpp"
 #include "platform/clock.hpp"
 #include "platform/data_directory.hpp"
@@ -73,6 +76,10 @@ int main(int argc, char** argv) {
     if (options.isSet(demo_option)) {
         demo = std::make_unique<filo::app::Demo>(session);
         if (demo->start()) window.show_project();
+        // Buttons of the simulated installation, pressed from a small panel.
+        auto* panel = new filo::app::DemoPanel(session, *demo, &window);
+        window.menuBar()->addAction(filo::app::qs(session.texts.text(Text::DEMO_PRESS)), panel,
+                                    &QWidget::show);
     }
     return application.exec();
 }

@@ -200,6 +200,7 @@ void MDIForm1::open_programming() {
     stack_->addWidget(form);
     stack_->setCurrentWidget(form);
     menuBar()->setEnabled(false);
+    connect(form, &Form4::connection_requested, this, &MDIForm1::show_connection);
     connect(form, &Form4::closed, this, [this, form] {
         menuBar()->setEnabled(true);
         if (Form3* f = form3()) {

@@ -6,6 +6,7 @@
 #include "app/project_errors.hpp"
 #include "app/session.hpp"
 #include "bus/receive_assembler.hpp"
+#include "commissioning/constant_light.hpp"
 #include "common/basic_functions.hpp"
 #include "platform/serial_port.hpp"
 #include "store/project.hpp"
@@ -141,9 +142,9 @@ void ProgrammingWindow::Command1_Click() {
 }
 
 void ProgrammingWindow::Combo_REGOLATORI_Click(std::int64_t item_data) {
-    if (item_data == 0) return;
-    session_.message(Text::NOT_YET_AVAILABLE, Text::TITLE_WARNING, {},
-                     session_.texts[Text::RUN_CONSTANT_LIGHT]);
+    const std::string code = commissioning::ConstantLight::regulator_of_item(item_data);
+    if (code.empty() || in_progress()) return;
+    if (host_.show_constant_light) host_.show_constant_light(code);
 }
 
 bool ProgrammingWindow::Form_Unload() {

@@ -25,6 +25,8 @@ struct ProgrammingHost {
     std::function<void()> beep;
     // Form_Unload: the project window comes back.
     std::function<void()> show_hub;
+    // AVANZATE2 for the regulator with this code, modal.
+    std::function<void(const std::string& code)> show_constant_light;
 };
 
 class ProgrammingWindow {

@@ -127,5 +127,14 @@ int add_link(Context& context, const AddLinkRequest& request);
 int delete_link(Context& context, const std::string& project_path, std::int64_t id);
 // A time as add-link takes it; false when it is no time of the editor's.
 bool parse_link_time(const std::string& text, links::TimeEntry& time);
+// The working point of a photo-sensor module, set live and stored.
+struct LightRequest {
+    std::string project;
+    std::string code;  // the sensor's 6-character code
+    std::string port;
+    int level = 0;  // the wanted brightness, 0-100 as the window's slider
+    double timeout_s = 30;
+};
+int set_constant_light(Context& context, const LightRequest& request);
 
 }  // namespace filo::cli

@@ -236,6 +236,24 @@ int run(int argc, char** argv) {
     delete_cmd->add_option("project", path, "The project file")->required();
     delete_cmd->add_option("id", link_id, "The ID of the link's main row (links prints it)")
         ->required();
+    filo::cli::LightRequest light;
+    auto* light_cmd =
+        command("light", "Set the working point of a photo-sensor module and store it",
+                [&](Context& c) { return filo::cli::set_constant_light(c, light); });
+    light_cmd->add_option("project", light.project, "The project file")->required();
+    light_cmd->add_option("code", light.code, "The sensor's module code, e.g. 00A019")->required();
+    light_cmd->add_option("--level", light.level, "The wanted brightness, 0-100")
+        ->required()
+        ->check(CLI::Range(0, 100));
+    light_cmd->add_option("--port", light.port, "The programmer's port")->required();
+    light_cmd->add_option("--timeout", light.timeout_s, "Seconds given to the regulation")
+        ->check(CLI::Range(1.0, 3600.0));
+    light_cmd->footer(
+        "Output: \"level L\" (the set point sent, 0-255); then \"sensor S command C\" each time\n"
+        "the module's reading or its command to the lamps changes (\"-\" before the first);\n"
+        "once a query is answered with no new command since the one before, the\n"
+        "state message and \"stored PPP\" (the three characters stored). Exit 3, nothing\n"
+        "stored, when the regulation has not settled within the timeout.");
 
     try {
         app.parse(argc, argv);

@@ -2,6 +2,12 @@
 // installation answering on the port the application reads through Qt.
 #include "app/demo.hpp"
 
+#include <QComboBox>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
+
+#include "app/demo_panel.hpp"
 #include "bus/checksum.hpp"
 #include "bus/conversions.hpp"
 #include "commissioning/scan.hpp"
@@ -45,6 +51,25 @@ TEST_F(Demo, OpensItsProjectOnLineAndEveryModuleAnswersTheProbe) {
     const auto size = std::filesystem::file_size(file);
     app::make_demo_project(session);
     EXPECT_EQ(std::filesystem::file_size(file), size);
+}
+
+TEST_F(Demo, TheButtonPanelPressesAnInputOfTheSimulatedInstallation) {
+    app::Demo demo(session);
+    ASSERT_TRUE(demo.start());
+    app::DemoPanel panel(session, demo);
+    auto* modules = child<QComboBox>(&panel, "modules");
+    ASSERT_GT(modules->count(), 0);
+    const std::string code = modules->itemText(0).toStdString();
+    child<QSpinBox>(&panel, "input")->setValue(3);
+    std::vector<std::string> frames;
+    receiver.set_consumer(bus::ReceiveAssembler::Consumer::Sweep,
+                          [&](const bus::ReceiveAssembler& rx) { frames.push_back(rx.RX_TRAMA); });
+    QTest::mouseClick(child<QPushButton>(&panel, "press"), Qt::LeftButton);
+    port.serve_until(clock.now() + 2.0, [&] { return !frames.empty(); });
+    receiver.set_consumer(bus::ReceiveAssembler::Consumer::Sweep, {});
+    ASSERT_FALSE(frames.empty());
+    // The event of input 3 pressed, from the module chosen.
+    EXPECT_EQ(frames.front().substr(3), "8" + code.substr(0, 4) + "03FB]");
 }
 
 }  // namespace

@@ -75,6 +75,9 @@ class ProgrammingWindowTest : public SessionTest {
             host.changed = [this] { ++changes; };
             host.beep = [this] { ++beeps; };
             host.show_hub = [this] { ++hub_shown; };
+            host.show_constant_light = [this](const std::string& code) {
+                regulators_opened.push_back(code);
+            };
             window_ = std::make_unique<ProgrammingWindow>(session, std::move(host));
             window_->Form_Load();
         }
@@ -91,6 +94,7 @@ class ProgrammingWindowTest : public SessionTest {
     int changes = 0;
     int beeps = 0;
     int hub_shown = 0;
+    std::vector<std::string> regulators_opened;  // AVANZATE2 asked for these
 
   private:
     std::unique_ptr<ProgrammingWindow> window_;
@@ -305,9 +309,7 @@ TEST_F(ProgrammingWindowTest, RegulatorsNamedByTheLinksAreOfferedAfterTheRun) {
     w.Combo_REGOLATORI_Click(0);
     EXPECT_TRUE(messages.shown.empty());
     w.Combo_REGOLATORI_Click(w.Combo_REGOLATORI[0].item_data);
-    EXPECT_EQ(shown_texts(), std::vector<std::string>{
-                                 "Non ancora disponibile in questa versione: IMPOSTAZIONE LUCE "
-                                 "COSTANTE"});
+    EXPECT_EQ(regulators_opened, std::vector<std::string>{"004019"});
     // A new start clears the list first; without a port it stays empty.
     session.close_port();
     w.Image1_Click(ProgrammingWindow::Program);

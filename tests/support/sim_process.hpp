@@ -11,7 +11,8 @@ namespace filo::testing {
 class SimProcess {
   public:
     // Starts filo-sim (from FILO_BIN_DIR) with the arguments and reads the
-    // path of its pseudo-terminal from the first line of its output. Throws
+    // path of its pseudo-terminal from the first line of its output; with
+    // "--baud 0" unless the arguments give a line speed. Throws
     // std::runtime_error when it does not come within a few seconds.
     explicit SimProcess(const std::vector<std::string>& arguments);
     ~SimProcess();
