@@ -7,6 +7,7 @@ namespace filo::app {
 struct HubHost {
     std::function<void()> show_connection;   // SERIALE, modal
     std::function<void()> show_programming;  // Form4
+    std::function<void()> show_monitor;      // Form8
     std::function<void()> show_main_menu;    // Form1; the hub goes
     // The scan's next tick after this many milliseconds.
     std::function<void(int ms)> schedule_scan_tick;

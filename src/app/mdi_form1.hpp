@@ -18,6 +18,7 @@ class Session;
 class Form1;
 class Form2;
 class Form3;
+class Form8;
 
 // What the main window needs from the world; tests replace the modal steps.
 struct AppServices {
@@ -47,6 +48,9 @@ class MDIForm1 final : public QMainWindow {
     // Form4, the programming window, over the project window; its run
     // starts by itself.
     void open_programming();
+    // Form8, the line monitor, beside the project window.
+    void show_monitor();
+    Form8* monitor() const;
     // The port was lost under a running operation.
     void port_lost(const QString& what);
 
@@ -71,6 +75,7 @@ class MDIForm1 final : public QMainWindow {
     QLabel* level_state_ = nullptr;
     QMenu* project_menu_ = nullptr;
     QMenu* line_menu_ = nullptr;
+    QPointer<Form8> monitor_;
 };
 
 }  // namespace filo::app

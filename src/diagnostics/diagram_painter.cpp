@@ -17,8 +17,8 @@ const QColor kFrame(90, 90, 160);
 constexpr int kCommandLeft = 10;
 constexpr int kCommandWidth = 190;
 constexpr int kArrowLeft = 250;
-constexpr int kArrowRight = 430;
-constexpr int kOutputLeft = 440;
+constexpr int kArrowRight = 420;
+constexpr int kOutputLeft = 430;
 
 QString q(const std::string& s) {
     return QString::fromStdString(s);
@@ -49,8 +49,8 @@ void mark(QPainter& p, QPoint at, const QColor& colour) {
 
 void paint_head(QPainter& p, const OutputDiagram& d) {
     p.setPen(QPen(kFrame, 1));
-    p.drawRect(kOutputLeft - 10, 5, kDiagramWidth - kOutputLeft + 5, 70);
-    p.drawText(kOutputLeft - 5, 20, "--------------------UTILIZZATORE");
+    p.drawRect(kOutputLeft - 15, 5, kDiagramWidth - kOutputLeft + 10, 70);
+    p.drawText(kOutputLeft - 12, 20, "--------------------UTILIZZATORE");
     p.setPen(kInk);
     QFont bold = p.font();
     bold.setBold(true);
@@ -62,7 +62,7 @@ void paint_head(QPainter& p, const OutputDiagram& d) {
     p.drawText(kOutputLeft - 5, 65, q(d.module_label));
 
     p.setPen(QPen(kFrame, 1));
-    p.drawRect(kCommandLeft, 5, 400, 90);
+    p.drawRect(kCommandLeft, 5, 390, 90);
     p.drawText(kCommandLeft + 5, 20, "AND  e   RECIPROCI");
     p.setPen(kInk);
     for (int i = 1; i <= 8; ++i) {
@@ -80,7 +80,7 @@ void paint_head(QPainter& p, const OutputDiagram& d) {
     p.drawText(kArrowLeft + 40, 165, "SPEGNI");
 }
 
-void paint_row(QPainter& p, const OutputDiagram& d, int i, bool conditions_open) {
+void paint_row(QPainter& p, const OutputDiagram& d, int i) {
     const DiagramRow& r = d.rows[static_cast<std::size_t>(i)];
     const int top = row_top(i);
     p.setPen(kInk);
@@ -100,15 +100,17 @@ void paint_row(QPainter& p, const OutputDiagram& d, int i, bool conditions_open)
         arrow(p, {kArrowLeft, top + 25}, {kArrowRight, top + 25}, kOn);
         p.setPen(kOn);
         p.drawText(kArrowLeft + 5, top + 18, q(r.label_on));
-        p.drawText(kArrowLeft + 100, top + 18, q(r.t_asp));
-        p.drawText(kArrowLeft + 100, top + 40, q(r.t_on));
+        const QRect times(kArrowLeft, top + 5, kArrowRight - kArrowLeft - 12, 16);
+        p.drawText(times, Qt::AlignRight | Qt::AlignVCenter, q(r.t_asp));
+        p.drawText(times.translated(0, 25), Qt::AlignRight | Qt::AlignVCenter, q(r.t_on));
         if (r.mark_on) mark(p, {kArrowRight - 20, top + 25}, kOn);
     }
     if (off) {
         arrow(p, {kArrowLeft, top + 70}, {kArrowRight, top + 70}, kOff);
         p.setPen(kOff);
         p.drawText(kArrowLeft + 5, top + 63, q(r.label_off));
-        p.drawText(kArrowLeft + 100, top + 85, q(r.t_rit));
+        p.drawText(QRect(kArrowLeft, top + 75, kArrowRight - kArrowLeft - 12, 16),
+                   Qt::AlignRight | Qt::AlignVCenter, q(r.t_rit));
         if (r.mark_off) mark(p, {kArrowRight - 20, top + 70}, kOff);
     }
     if (on || off) {
@@ -117,7 +119,12 @@ void paint_row(QPainter& p, const OutputDiagram& d, int i, bool conditions_open)
         p.drawText(QRect(kOutputLeft + 4, top + 30, kDiagramWidth - kOutputLeft - 18, 30),
                    Qt::AlignVCenter | Qt::AlignLeft, q(d.UTILIZZATORE));
     }
-    if (conditions_open && r.has_conditions) {
+}
+
+// Frame7 with List1: the condition points, over the rows below.
+void paint_conditions(QPainter& p, const DiagramRow& r, int i) {
+    const int top = row_top(i);
+    if (r.has_conditions) {
         const int h = 22 + 14 * static_cast<int>(r.conditions.size());
         const QRect box(kCommandLeft + 20, top + 62, 360, h);
         p.fillRect(box, QColor(255, 255, 225));
@@ -153,10 +160,11 @@ void paint_diagram(QPainter& p, const OutputDiagram& d, int open_row) {
     p.setRenderHint(QPainter::Antialiasing);
     p.fillRect(QRect(0, 0, kDiagramWidth, diagram_height(d)), Qt::white);
     paint_head(p, d);
-    for (int i = 0; i < static_cast<int>(d.rows.size()); ++i) paint_row(p, d, i, false);
+    for (int i = 0; i < static_cast<int>(d.rows.size()); ++i) paint_row(p, d, i);
     // An open list goes over the rows below it.
     for (int i = 0; i < static_cast<int>(d.rows.size()); ++i)
-        if (open_row == -2 || open_row == i) paint_row(p, d, i, true);
+        if (open_row == -2 || open_row == i)
+            paint_conditions(p, d.rows[static_cast<std::size_t>(i)], i);
 }
 
 bool write_diagram_svg(const OutputDiagram& d, const QString& path) {

@@ -64,9 +64,10 @@ void DISEGNA_RIGA(const LinkFigures& l, DiagramRow& row) {
 
 std::int64_t find_output(store::Project& project, const std::string& name) {
     sqlite::Statement q = project.database().prepare(
-        "SELECT ID, campo FROM nick WHERE nick = ?1 COLLATE NOCASE AND \"RIGHT\"(codice,2) NOT "
-        "LIKE 'FF' ORDER BY ID");
-    q.bind(1, name);
+        "SELECT ID, campo FROM nick WHERE TRIM(nick) = ?1 COLLATE NOCASE AND \"RIGHT\"(codice,2) "
+        "NOT LIKE 'FF' ORDER BY ID");
+    // Names are stored as typed, often with a trailing blank.
+    q.bind(1, basic::trim(name));
     while (q.step())
         if (val(q.text(1)) >= 9) return q.integer(0);
     return 0;

@@ -69,7 +69,8 @@ void DISEGNA_RIGA(const LinkFigures& link, DiagramRow& row);
 OutputDiagram build_output_diagram(store::Project& project, const texts::LanguageTables& texts,
                                    std::int64_t ID_UTILIZZATORE);
 
-// The ID of the output (a row 9 up) of that name, in ID order; 0 when none.
+// The ID of the output (a row 9 up) of that name, blanks around it and case
+// aside, the first in ID order; 0 when none.
 std::int64_t find_output(store::Project& project, const std::string& name);
 
 }  // namespace filo::diagnostics

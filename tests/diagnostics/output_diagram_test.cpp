@@ -120,6 +120,7 @@ TEST(OutputDiagram, RowsComeFromTheLinksOfTheOutput) {
     texts.ITALIANO();
     const std::int64_t luce = find_output(project, "luce");
     ASSERT_NE(luce, 0);
+    EXPECT_EQ(find_output(project, " LUCE "), luce);
     EXPECT_EQ(find_output(project, "Tasto porta"), 0);  // an input is no output
     const OutputDiagram d = build_output_diagram(project, texts, luce);
     EXPECT_EQ(d.UTILIZZATORE, "Luce");

@@ -1,5 +1,6 @@
 // filo-cli monitor on filo-sim's pseudo-terminal: presses on the simulated
-// bus come out named, and a recording replays to the same lines.
+// bus come out named, and a recording replays to the same lines. filo-cli
+// analyse on a project file.
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <unistd.h>
@@ -7,6 +8,7 @@
 #include <chrono>
 #include <csignal>
 
+#include "store/link_table.hpp"
 #include "store/module_table.hpp"
 #include "store/project.hpp"
 #include "support/run_program.hpp"
@@ -81,6 +83,39 @@ TEST(MonitorSim, PressesOnTheBusAreShownWithTheirNamesAndReplayTheSame) {
         "filo-cli", {"monitor", "--replay", record, "--project", file.string()});
     EXPECT_EQ(replay.exit_code, 0) << replay.err;
     EXPECT_EQ(replay.out, out);
+}
+
+TEST(AnalyseCli, TheDiagramOfANamedOutputIsPrintedOrDrawn) {
+    testing::TempDir dir;
+    const auto file = testing::make_empty_project(dir.path());
+    {
+        store::Project project;
+        project.open(file);
+        store::ModuleTable modules(project);
+        testing::add_module(modules, "00121F", 12, "Cucina");
+        testing::set_column(project, "00121F", 9, "nick", "Luce tavolo ");
+        store::LinkTable links(project);
+        links.LINK_CORRENTE =
+            testing::switching_link("00121F/1", "00121F/2", "Luce tavolo ", "Tasto");
+        links.LINK_CORRENTE.tempo_on2 = "30";
+        links.AGGIUNGI_LINK();
+    }
+    const auto text = testing::run_program("filo-cli", {"analyse", file.string(), "luce tavolo"});
+    EXPECT_EQ(text.exit_code, 0) << text.err;
+    EXPECT_EQ(text.out,
+              "Luce tavolo \t Modulo n°  00121F\nTasto\t SOLO ACCENDE *\t\tPER 30 Sec\t\t\n");
+
+    const std::string svg = (dir / "d.svg").string();
+    const auto drawn =
+        testing::run_program("filo-cli", {"analyse", file.string(), "Luce tavolo", "--svg", svg});
+    EXPECT_EQ(drawn.exit_code, 0) << drawn.err;
+    const std::string picture = testing::read_file(svg);
+    EXPECT_TRUE(picture.starts_with("<?xml")) << picture.substr(0, 100);
+    EXPECT_NE(picture.find("Tasto"), std::string::npos);
+
+    const auto missing = testing::run_program("filo-cli", {"analyse", file.string(), "Tasto"});
+    EXPECT_EQ(missing.exit_code, 1);
+    EXPECT_EQ(missing.err, "Nessuna uscita con questo nome: Tasto\n");
 }
 
 }  // namespace
