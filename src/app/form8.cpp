@@ -385,6 +385,7 @@ void Form8::build_analysis(QGroupBox* frame) {
         flags_[i] = shape(QString("Flag_%1").arg(i), ShapeKind::Flag, i);
         grid->addWidget(flags_[i], 3 + (i - 1) / 8, (i - 1) % 8);
     }
+    grid->setRowStretch(6, 1);  // the room left stays below the bars
 }
 
 void Form8::show_view(int option) {

@@ -176,7 +176,7 @@ int run(int argc, char** argv) {
         "Recording (--record, read by --replay): a text file, one frame a line: the\n"
         "  time of reception as above, TAB, the frame as received (bytes 0x20-0x7E but\n"
         "  the backslash as they are, others \\xNN). A replay prints exactly what the\n"
-        "  live run printed; broken lines are skipped and counted on stderr.");
+        "  live run printed; broken lines are skipped and counted on stderr.\n");
 
     filo::cli::AnalyseRequest analyse;
     auto* analyse_cmd =
