@@ -57,6 +57,7 @@ TEST_F(DecoderTest, EventsAreNamedAgainstTheProject) {
         {"(008001203FB]", "BASE", "3", "Porta. INTERUTTORE ", nullptr, true},
         {"(00800120880]", "BASE", "8", ". ", nullptr, true},
         {"(00800120980]", "TENUTO", "9", "Luce ingresso. PULSANTE ", nullptr, true},
+        {"(00800121080]", "TENUTO", "16", ". ", nullptr, true},
         // An event of output 9 (input 17): the description names the output;
         // its release is spoken.
         {"(0080012110A]", "EVENTO", "EVENTO di relé, 1", "EVENTO Lampadario. ", nullptr, true},
