@@ -8,6 +8,7 @@ struct HubHost {
     std::function<void()> show_connection;   // SERIALE, modal
     std::function<void()> show_programming;  // Form4
     std::function<void()> show_link_editor;  // Form9
+    std::function<void()> show_monitor;      // Form8
     std::function<void()> show_main_menu;    // Form1; the hub goes
     // MODULI on CODICE_MODULO of the session's module table, new or stored
     // as STATO_MODULO says; with `wait`, returns once the window has closed.

@@ -14,6 +14,7 @@
 #include "app/form3.hpp"
 #include "app/form4.hpp"
 #include "app/form9.hpp"
+#include "app/form8.hpp"
 #include "app/levels.hpp"
 #include "app/main_menu.hpp"
 #include "app/moduli.hpp"
@@ -161,6 +162,7 @@ bool MDIForm1::show_project() {
     host.show_programming = [this] { open_programming(); };
     host.show_module = [this](bool wait) { open_module({}, 0, ModuleOpener::ProjectWindow, {}, wait); };
     host.show_link_editor = [this] { open_link_editor(); };
+    host.show_monitor = [this] { show_monitor(); };
     host.show_main_menu = [this] { show_main_menu(); };
     auto* form = new Form3(session_, std::move(host));
     connect(form, &Form3::caption_changed, this, &QWidget::setWindowTitle);
@@ -171,6 +173,16 @@ bool MDIForm1::show_project() {
     }
     set_form(form);
     return true;
+}
+
+Form8* MDIForm1::monitor() const {
+    return monitor_;
+}
+
+void MDIForm1::show_monitor() {
+    // Loaded once and kept, so that its state lasts while it is hidden.
+    if (!monitor_) monitor_ = new Form8(session_, this);
+    monitor_->load();
 }
 
 void MDIForm1::open_project_dialog() {

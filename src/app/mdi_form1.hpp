@@ -22,6 +22,7 @@ class Form1;
 class Form2;
 class Form3;
 class MODULI;
+class Form8;
 
 // What the main window needs from the world; tests replace the modal steps.
 struct AppServices {
@@ -63,6 +64,9 @@ class MDIForm1 final : public QMainWindow {
     MODULI* module_window() const;
     // Form9, the link editor, over the project window.
     void open_link_editor();
+    // Form8, the line monitor, beside the project window.
+    void show_monitor();
+    Form8* monitor() const;
     // The port was lost under a running operation.
     void port_lost(const QString& what);
 
@@ -92,6 +96,7 @@ class MDIForm1 final : public QMainWindow {
     QLabel* level_state_ = nullptr;
     QMenu* project_menu_ = nullptr;
     QMenu* line_menu_ = nullptr;
+    QPointer<Form8> monitor_;
 };
 
 }  // namespace filo::app

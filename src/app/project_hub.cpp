@@ -169,7 +169,7 @@ void ProjectHub::hover(int index) {
 
 void ProjectHub::monitor_click() {
     if (!ensure_line()) return;
-    not_yet_available(Text::HUB_MONITOR);
+    if (host_.show_monitor) host_.show_monitor();
 }
 
 std::optional<char> ProjectHub::filter_key(char key, std::size_t current_length) {

@@ -136,5 +136,25 @@ struct LightRequest {
     double timeout_s = 30;
 };
 int set_constant_light(Context& context, const LightRequest& request);
+// The line monitor: one line per complete frame, live on a port until
+// interrupted, or from a recording.
+struct MonitorRequest {
+    std::string port;
+    std::string project;  // names from this project, if given
+    std::string record;   // every frame also written here
+    std::string replay;   // a recording to decode instead of a port
+    bool csv = false;     // CSV with a header in place of TAB-separated lines
+    bool paced = false;   // a replay keeps the recorded gaps between frames
+};
+int monitor_line(Context& context, const MonitorRequest& request);
+
+// The diagram of what commands one output, as text, or drawn to SVG or PNG.
+struct AnalyseRequest {
+    std::string project;
+    std::string output;  // the output's name
+    std::string svg;
+    std::string png;
+};
+int analyse_output(Context& context, const AnalyseRequest& request);
 
 }  // namespace filo::cli

@@ -254,6 +254,48 @@ int run(int argc, char** argv) {
         "once a query is answered with no new command since the one before, the\n"
         "state message and \"stored PPP\" (the three characters stored). Exit 3, nothing\n"
         "stored, when the regulation has not settled within the timeout.");
+    filo::cli::MonitorRequest monitor;
+    auto* monitor_cmd = command("monitor", "Decode the line: one line per complete frame",
+                                [&](Context& c) { return filo::cli::monitor_line(c, monitor); });
+    auto* monitor_port = monitor_cmd->add_option("--port", monitor.port, "The programmer's port");
+    auto* replay_opt = monitor_cmd->add_option("--replay", monitor.replay,
+                                               "Decode a recording instead of a port");
+    monitor_port->excludes(replay_opt);
+    monitor_cmd->add_option("--project", monitor.project, "Names from this project");
+    monitor_cmd->add_option("--record", monitor.record, "Also write every frame to this file")
+        ->excludes(replay_opt);
+    monitor_cmd->add_flag("--csv", monitor.csv, "CSV with a header line instead of TABs");
+    monitor_cmd->add_flag("--paced", monitor.paced, "Replay with the recorded gaps")
+        ->needs(replay_opt);
+    monitor_cmd->callback([&] {
+        if (monitor.port.empty() && monitor.replay.empty())
+            throw CLI::ValidationError("monitor", "--port or --replay is required");
+    });
+    monitor_cmd->footer(
+        "Output, one line per complete frame, eight fields separated by TAB:\n"
+        "  time of reception HH:MM:SS.mmm, kind (position 4 of the frame), module address\n"
+        "  (LM_MODULO), input (LM_INGRESSO, decimal), value (LM_VALORE, decimal), name\n"
+        "  (LM_NOME), description (LM_DESCRIZIONE), announcement (TESTO_PARLATO with every\n"
+        "  speech tick on). A frame of another kind, or one not decoded, has its kind and\n"
+        "  the raw frame in the description field, the other fields empty. Control\n"
+        "  characters inside a field are written \\xNN. --csv: the same eight fields as\n"
+        "  CSV (RFC 4180) after the header line time,kind,module,input,value,name,\n"
+        "  description,spoken. Live, it runs until SIGINT or SIGTERM, then writes the\n"
+        "  counts of frames, undecoded frames, stray characters and broken frames on\n"
+        "  stderr and exits 0.\n"
+        "Recording (--record, read by --replay): a text file, one frame a line: the\n"
+        "  time of reception as above, TAB, the frame as received (bytes 0x20-0x7E but\n"
+        "  the backslash as they are, others \\xNN). A replay prints exactly what the\n"
+        "  live run printed; broken lines are skipped and counted on stderr.\n");
+
+    filo::cli::AnalyseRequest analyse;
+    auto* analyse_cmd =
+        command("analyse", "The diagram of the links that command one output",
+                [&](Context& c) { return filo::cli::analyse_output(c, analyse); });
+    analyse_cmd->add_option("project", analyse.project, "The project file")->required();
+    analyse_cmd->add_option("output", analyse.output, "The output's name")->required();
+    analyse_cmd->add_option("--svg", analyse.svg, "Draw the diagram to this SVG file");
+    analyse_cmd->add_option("--png", analyse.png, "Draw the diagram to this PNG file");
 
     try {
         app.parse(argc, argv);

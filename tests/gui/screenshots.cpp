@@ -11,11 +11,13 @@
 #include <QTest>
 #include <iostream>
 
+#include "app/analisi.hpp"
 #include "app/demo.hpp"
 #include "app/form1.hpp"
 #include "app/form3.hpp"
 #include "app/form4.hpp"
 #include "app/form9.hpp"
+#include "app/form8.hpp"
 #include "app/main_menu.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/moduli.hpp"
@@ -24,9 +26,12 @@
 #include "app/qt_port_host.hpp"
 #include "app/seriale.hpp"
 #include "app/session.hpp"
+#include "bus/checksum.hpp"
 #include "bus/receive_assembler.hpp"
+#include "diagnostics/output_diagram.hpp"
 #include "platform/clock.hpp"
 #include "platform/serial_port.hpp"
+#include "support/sample_project.hpp"
 
 namespace {
 
@@ -133,6 +138,49 @@ int main(int argc, char** argv) {
     while (form->tool().scan_progress < 0x62 && t.elapsed() < 60000) settle(100);
     ok &= save(&window, out, "07-scan.png");
     click(form, "Image1_12");  // stop: compared, and the offer answered No
+
+    // The line monitor, extended: presses, a release, a held press, an event
+    // and a temperature of the demo's modules as they come off the line.
+    window.show_monitor();
+    filo::app::Form8* monitor = window.monitor();
+    for (const char* frame : {"(8002001FB]", "(800200109]", "(8002002FB]", "(800200AFB]",
+                              "(8003001FB]", "(80030110A]", "(800500188]", "(800300109]"})
+        receiver.feed(filo::bus::with_checksum(frame));
+    monitor->refresh();
+    ok &= save(monitor, out, "17-line-monitor.png");
+
+    // The analysis of one module, asked of the simulated installation.
+    click(monitor, "Option1_1");
+    QTest::keyClicks(monitor->findChild<QLineEdit*>("Text3"), "0030");
+    click(monitor, "Command3");
+    settle(2500);
+    monitor->refresh();
+    ok &= save(monitor, out, "18-module-analysis.png");
+    monitor->close();
+
+    // The diagram of one output with a plain, a timed and conditioned, and
+    // an inverted link.
+    auto link = [&session](const char* tx, const char* command, auto&& change) {
+        session.links.LINK_CORRENTE =
+            filo::testing::switching_link("003005/1", tx, "Lampada soggiorno", command);
+        change(session.links.LINK_CORRENTE);
+        session.links.AGGIUNGI_LINK();
+    };
+    link("003005/1", "Pulsante soggiorno", [](filo::store::LinkRow& r) { r.off_ = "9"; });
+    link("002014/1", "Pulsante porta", [](filo::store::LinkRow& r) {
+        r.tempo_on1 = "1";
+        r.tempo_on2 = "44";
+        r.tempo_off2 = "3";
+        r.and_ = "10000000";
+        r.modo_ = "100000012";
+    });
+    link("002014/2", "Interruttore scale", [](filo::store::LinkRow& r) { r.modo_ = "000001012"; });
+    filo::app::ANALISI diagram(
+        session, filo::diagnostics::find_output(session.project, "Lampada soggiorno"));
+    diagram.show();
+    diagram.picture()->Image1_Click(1);
+    ok &= save(&diagram, out, "19-output-diagram.png");
+    diagram.close();
 
     filo::app::SERIALE connection(session, services.list_ports, services.open_port, &window);
     connection.show();
