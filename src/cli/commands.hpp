@@ -85,4 +85,15 @@ int list_points(Context& context, const PointsRequest& request);
 // 1 when there is any.
 int check_project(Context& context, const std::string& project_path);
 
+// One of the five reports, as its rows (text) or as the PDF the report
+// window prints.
+struct ReportRequest {
+    std::string project;
+    int kind = 1;             // 1-5, as the project window's entries
+    bool text = false;        // the rows, a line each
+    std::string pdf;          // else the PDF file to write
+    std::string page = "A4";  // A4 or Letter
+};
+int print_report(Context& context, const ReportRequest& request);
+
 }  // namespace filo::cli
