@@ -18,6 +18,7 @@ class Session;
 class Form1;
 class Form2;
 class Form3;
+class Form18;
 
 // What the main window needs from the world; tests replace the modal steps.
 struct AppServices {
@@ -47,6 +48,10 @@ class MDIForm1 final : public QMainWindow {
     // Form4, the programming window, over the project window; its run
     // starts by itself.
     void open_programming();
+    // Form18 beside the project window with one of the five reports; a
+    // report already shown goes first.
+    void open_report(int numero_report);
+    void close_report();
     // The port was lost under a running operation.
     void port_lost(const QString& what);
 
@@ -67,6 +72,7 @@ class MDIForm1 final : public QMainWindow {
     AppServices services_;
     QStackedWidget* stack_ = nullptr;
     QPointer<QWidget> form_;
+    QPointer<Form18> report_;
     QLabel* line_state_ = nullptr;
     QLabel* level_state_ = nullptr;
     QMenu* project_menu_ = nullptr;

@@ -28,12 +28,19 @@ QFont box_font(double pixels, bool bold = false) {
     return font;
 }
 
-// A font no larger than `pixels` in which the text fits the width.
-QFont fitting_font(const QString& text, double width, double pixels, bool bold = false) {
-    QFont font = box_font(pixels, bold);
-    const double wide = QFontMetricsF(font).horizontalAdvance(text);
-    if (wide > width && wide > 0) font = box_font(pixels * width / wide, bold);
-    return font;
+// Draws the text in the box, squeezed sideways when it is wider: measured
+// on the painter's own device, whose hinting may widen the glyphs.
+void draw_fitted(QPainter& painter, const QRectF& box, int flags, const QString& text) {
+    const double wide = painter.fontMetrics().horizontalAdvance(text);
+    if (wide <= box.width() || wide <= 0) {
+        painter.drawText(box, flags, text);
+        return;
+    }
+    painter.save();
+    painter.translate(box.left(), box.top());
+    painter.scale(box.width() / wide, 1.0);
+    painter.drawText(QRectF(0, 0, wide, box.height()), flags, text);
+    painter.restore();
 }
 
 // Characters of the longest line of the page's groups.
@@ -68,14 +75,12 @@ void paint_report_page(QPainter& painter, const QRectF& area, const ReportDocume
     const QRectF top(left, area.top(), width, line);
     painter.drawText(top, Qt::AlignLeft | Qt::AlignVCenter, qs(document.project));
     painter.drawText(top, Qt::AlignRight | Qt::AlignVCenter, qs(document.date));
-    const QString title = qs(document.title).trimmed();
-    painter.setFont(fitting_font(title, width, line * 1.4, true));
-    painter.drawText(QRectF(left, area.top() + line * 1.2, width, line * 1.8), Qt::AlignCenter,
-                     title);
-    const QString heads = qs(document.heads);
-    painter.setFont(fitting_font(heads, width, line * 0.8));
-    painter.drawText(QRectF(left, area.top() + line * 3.5, width, line),
-                     Qt::AlignLeft | Qt::AlignVCenter, heads);
+    painter.setFont(box_font(line * 1.4, true));
+    draw_fitted(painter, QRectF(left, area.top() + line * 1.2, width, line * 1.8), Qt::AlignCenter,
+                qs(document.title).trimmed());
+    painter.setFont(box_font(line * 0.8));
+    draw_fitted(painter, QRectF(left, area.top() + line * 3.5, width, line),
+                Qt::AlignLeft | Qt::AlignVCenter, qs(document.heads));
 
     // The groups: a frame with the caption on its top edge, lines inside.
     const qsizetype indent = 2;
@@ -101,7 +106,7 @@ void paint_report_page(QPainter& painter, const QRectF& area, const ReportDocume
         for (std::size_t k = 0; k < g.lines.size(); ++k) {
             const QRectF row(left + char_width * indent, y + line * (1.2 + static_cast<double>(k)),
                              width - char_width * (indent + 1), line);
-            painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter, qs(g.lines[k]));
+            draw_fitted(painter, row, Qt::AlignLeft | Qt::AlignVCenter, qs(g.lines[k]));
             if (k < g.codes.size())
                 painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter, qs(g.codes[k]));
         }

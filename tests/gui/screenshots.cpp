@@ -24,6 +24,9 @@
 #include "platform/clock.hpp"
 #include "platform/serial_port.hpp"
 
+// The report window and the first page of each report (report_screenshots.cpp).
+bool save_report_pictures(filo::app::Session& session, const QDir& out);
+
 namespace {
 
 // Message boxes would wait for a click: answered No, and told on stdout.
@@ -134,5 +137,7 @@ int main(int argc, char** argv) {
     connection.show();
     ok &= save(&connection, out, "08-connection.png");
     connection.hide();
+
+    ok &= save_report_pictures(session, out);
     return ok ? 0 : 1;
 }
