@@ -14,6 +14,17 @@
 namespace filo::testing {
 namespace {
 
+// What a command of the system prints.
+std::string output_of(const std::string& command) {
+    std::string text;
+    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+    if (!pipe) return text;
+    std::array<char, 4096> buffer{};
+    while (std::size_t n = std::fread(buffer.data(), 1, buffer.size(), pipe.get()))
+        text.append(buffer.data(), n);
+    return text;
+}
+
 class ReportCliTest : public CliFixture {
   protected:
     ReportCliTest() : file(make_empty_project(dir.path(), "Villa")) {}
@@ -70,13 +81,7 @@ TEST_F(ReportCliTest, PdfReadsBackWithTitlePageAndRows) {
     const auto pdf = dir / "villa.pdf";
     const ProgramResult r = report("2", pdf.string());
     ASSERT_EQ(r.exit_code, 0) << r.err;
-    std::string text;
-    const std::string command = "pdftotext -layout '" + pdf.string() + "' -";
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    ASSERT_TRUE(pipe);
-    std::array<char, 4096> buffer{};
-    while (std::size_t n = std::fread(buffer.data(), 1, buffer.size(), pipe.get()))
-        text.append(buffer.data(), n);
+    std::string text = output_of("pdftotext -layout '" + pdf.string() + "' -");
     // Blanks come back from a PDF as the text's positions give them: one each.
     const auto collapsed = [](std::string s) {
         for (char& c : s)
@@ -91,6 +96,12 @@ TEST_F(ReportCliTest, PdfReadsBackWithTitlePageAndRows) {
          {"REPORT DEI COLLEGAMENTI", "ORDINATI PER COMANDO", "Villa", "Pagina 1 di 1",
           "Tasto ingresso", "Luce cucina", "000111/2 -> 000215/1 :P: 00000011 :251/8"})
         EXPECT_NE(text.find(expected), std::string::npos) << expected << "\n" << text;
+
+    ASSERT_EQ(
+        cli({"report", file.string(), "--kind", "5", "--pdf", pdf.string(), "--page", "Letter"})
+            .exit_code,
+        0);
+    EXPECT_NE(output_of("pdfinfo '" + pdf.string() + "'").find("612 x 792"), std::string::npos);
 }
 
 TEST_F(ReportCliTest, MoreRowsThanAReportHoldsIsRefused) {

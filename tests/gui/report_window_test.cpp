@@ -3,9 +3,13 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QTest>
+#include <QToolButton>
 #include <deque>
 
 #include "app/form18.hpp"
+#include "app/form3.hpp"
+#include "app/mdi_form1.hpp"
 #include "app/project_hub.hpp"
 #include "gui/gui_fixture.hpp"
 #include "store/sqlite.hpp"
@@ -116,17 +120,22 @@ TEST_F(ReportWindowTest, TheFiveEntriesOpenTheirReportAndTheMainOnesCloseIt) {
     EXPECT_EQ(closed, 1);
 }
 
-TEST_F(ReportWindowTest, TheViewShowsThePageAndTurnsIt) {
+TEST_F(ReportWindowTest, TheEntryOpensTheWindowBesideTheHubAndAMainEntryClosesIt) {
     add_links(50);
-    app::Form18 form(session);
-    ASSERT_TRUE(form.load(4));
-    auto* next = child<QPushButton>(&form, "Command2");
-    auto* page = child<QLabel>(&form, "Label4");
-    ASSERT_TRUE(next && page);
-    EXPECT_EQ(page->text(), "Pagina  1");
-    next->click();
+    app::MDIForm1 main(session, services_without_dialogs());
+    main.show();
+    ASSERT_TRUE(main.show_project());
+    child<QToolButton>(main.form3(), "Image1_9")->click();
+    auto* report = main.findChild<app::Form18*>("Form18");
+    ASSERT_NE(report, nullptr);
+    EXPECT_TRUE(report->isVisible());
+    EXPECT_EQ(report->tool().NUMERO_REPORT, "4");
+    auto* page = child<QLabel>(report, "Label4");
+    child<QPushButton>(report, "Command2")->click();
     EXPECT_EQ(page->text(), "Pagina  2");
-    EXPECT_FALSE(form.grab().isNull());
+    EXPECT_FALSE(report->grab().isNull());
+    child<QToolButton>(main.form3(), "Image1_0")->click();
+    QTRY_VERIFY(main.findChild<app::Form18*>("Form18") == nullptr);
 }
 
 }  // namespace
