@@ -15,16 +15,22 @@
 namespace filo::cli {
 namespace {
 
-// Fonts and PDF need a GUI application; without a display it runs off screen.
-std::unique_ptr<QGuiApplication> gui_application() {
+// Fonts and PDF need a GUI application, which keeps its arguments by
+// reference for its whole life.
+struct GuiApplication {
+    int argc = 1;
+    char name[9] = "filo-cli";
+    char* argv[2] = {name, nullptr};
+    QGuiApplication application{argc, argv};
+};
+
+// Without a display it runs off screen.
+std::unique_ptr<GuiApplication> gui_application() {
     if (QGuiApplication::instance()) return nullptr;
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") &&
         !std::getenv("QT_QPA_PLATFORM"))
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    static int argc = 1;
-    static char name[] = "filo-cli";
-    static char* argv[] = {name, nullptr};
-    return std::make_unique<QGuiApplication>(argc, argv);
+    return std::make_unique<GuiApplication>();
 }
 
 }  // namespace

@@ -100,7 +100,7 @@ TEST(ReportRows, LinkRowsAndTechnicalLines) {
 
 class ReportRowsTest : public testing::StoreTest {
   protected:
-    // Appends a link and, when off_delay is set, its second page with it.
+    // Appends a link and, when dato13 is given, its second page with it.
     void add_link(const std::string& rx, const std::string& tx, const std::string& nick_rx,
                   const std::string& nick_tx, const std::string& dato13 = "") {
         store::LinkTable links(project);
