@@ -13,6 +13,9 @@ struct HubHost {
     // MODULI on CODICE_MODULO of the session's module table, new or stored
     // as STATO_MODULO says; with `wait`, returns once the window has closed.
     std::function<void(bool wait)> show_module;
+    // Form18 with report 1-5 (STAMPA_1 to STAMPA_5), and its unloading.
+    std::function<void(int numero_report)> show_report;
+    std::function<void()> close_report;
     // The scan's next tick after this many milliseconds.
     std::function<void(int ms)> schedule_scan_tick;
     // The window shows the hub as it stands, before a question box covers it.

@@ -12,6 +12,7 @@
 #include "app/form1.hpp"
 #include "app/form2.hpp"
 #include "app/form3.hpp"
+#include "app/form18.hpp"
 #include "app/form4.hpp"
 #include "app/form9.hpp"
 #include "app/form8.hpp"
@@ -164,6 +165,8 @@ bool MDIForm1::show_project() {
     host.show_link_editor = [this] { open_link_editor(); };
     host.show_monitor = [this] { show_monitor(); };
     host.show_main_menu = [this] { show_main_menu(); };
+    host.show_report = [this](int n) { open_report(n); };
+    host.close_report = [this] { close_report(); };
     auto* form = new Form3(session_, std::move(host));
     connect(form, &Form3::caption_changed, this, &QWidget::setWindowTitle);
     if (!form->load()) {
@@ -291,6 +294,25 @@ void MDIForm1::open_link_editor() {
     stack_->addWidget(form);
     stack_->setCurrentWidget(form);
     form->load();
+}
+
+void MDIForm1::open_report(int numero_report) {
+    close_report();
+    auto* form = new Form18(session_, this);
+    form->setWindowFlag(Qt::Window);
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    connect(form, &Form18::closed, form, &QWidget::close);
+    if (!form->load(numero_report)) {
+        delete form;
+        return;
+    }
+    report_ = form;
+    form->resize(900, 1000);
+    form->show();
+}
+
+void MDIForm1::close_report() {
+    if (report_) report_->close();
 }
 
 void MDIForm1::port_lost(const QString& what) {

@@ -23,6 +23,7 @@ class Form2;
 class Form3;
 class MODULI;
 class Form8;
+class Form18;
 
 // What the main window needs from the world; tests replace the modal steps.
 struct AppServices {
@@ -67,6 +68,10 @@ class MDIForm1 final : public QMainWindow {
     // Form8, the line monitor, beside the project window.
     void show_monitor();
     Form8* monitor() const;
+    // Form18 beside the project window with one of the five reports; a
+    // report already shown goes first.
+    void open_report(int numero_report);
+    void close_report();
     // The port was lost under a running operation.
     void port_lost(const QString& what);
 
@@ -92,6 +97,7 @@ class MDIForm1 final : public QMainWindow {
     QStackedWidget* stack_ = nullptr;
     QPointer<QWidget> form_;
     QPointer<MODULI> module_;
+    QPointer<Form18> report_;
     QLabel* line_state_ = nullptr;
     QLabel* level_state_ = nullptr;
     QMenu* project_menu_ = nullptr;

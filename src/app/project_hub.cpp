@@ -123,8 +123,10 @@ void ProjectHub::menu_click(int index) {
     // While the scan runs only its own entry answers: it is the way to stop it.
     if (scanning() && index != Scan) return;
     if (index == AddModule || index == EditModule || index == LinkModules || index == Program ||
-        index == BackToStart)
+        index == BackToStart) {
         Frame4 = false;
+        if (host_.close_report) host_.close_report();
+    }
     const bool has_modules = session_.modules.PROGETTO_VUOTO == "NO";
     switch (index) {
         case AddModule:
@@ -155,6 +157,13 @@ void ProjectHub::menu_click(int index) {
             break;
         case Scan:
             start_or_stop_scan();
+            break;
+        case PrintCommands:
+        case PrintCommands + 1:
+        case PrintCommands + 2:
+        case PrintCommands + 3:
+        case PrintModules:
+            if (host_.show_report) host_.show_report(index - PrintCommands + 1);
             break;
         default:
             if (const EntryTexts* e = find_entry(index)) not_yet_available(e->caption);

@@ -156,5 +156,15 @@ struct AnalyseRequest {
     std::string png;
 };
 int analyse_output(Context& context, const AnalyseRequest& request);
+// One of the five reports, as its rows (text) or as the PDF the report
+// window prints.
+struct ReportRequest {
+    std::string project;
+    int kind = 1;             // 1-5, as the project window's entries
+    bool text = false;        // the rows, a line each
+    std::string pdf;          // else the PDF file to write
+    std::string page = "A4";  // A4 or Letter
+};
+int print_report(Context& context, const ReportRequest& request);
 
 }  // namespace filo::cli

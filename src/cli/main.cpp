@@ -296,6 +296,32 @@ int run(int argc, char** argv) {
     analyse_cmd->add_option("output", analyse.output, "The output's name")->required();
     analyse_cmd->add_option("--svg", analyse.svg, "Draw the diagram to this SVG file");
     analyse_cmd->add_option("--png", analyse.png, "Draw the diagram to this PNG file");
+    filo::cli::ReportRequest report;
+    auto* report_cmd = command("report", "One of the five reports, as text rows or as PDF",
+                               [&](Context& c) { return filo::cli::print_report(c, report); });
+    report_cmd->add_option("project", report.project, "The project file")->required();
+    report_cmd
+        ->add_option("--kind", report.kind,
+                     "1 commands, 2 commands extended, 3 users, 4 users extended, 5 modules")
+        ->required()
+        ->check(CLI::Range(1, 5));
+    auto* report_output = report_cmd->add_option_group("output");
+    report_output->add_flag("--text", report.text, "Print the rows, a line each (format below)");
+    report_output->add_option("--pdf", report.pdf, "Write the pages the report window prints");
+    report_output->require_option(1);
+    report_cmd->add_option("--page", report.page, "Page size of the PDF")
+        ->check(CLI::IsMember({"A4", "Letter"}));
+    report_cmd->footer(
+        "--text prints one line per row, in the report's order, UTF-8, each line ended by \\n,\n"
+        "fields separated by TAB and never trimmed:\n"
+        "  kinds 1-4: STAMPA_NICK_TX, STAMPA_ID_TX, STAMPA_NICK_RX, STAMPA_ID_RX, STAMPA_RIGA\n"
+        "             (a channel row of a link is five empty fields; 1 and 2, 3 and 4 have\n"
+        "             the same rows)\n"
+        "  kind 5:    module code, four blanks, note; STAMPA_CODICE; STAMPA_RIGA\n"
+        "Bytes below 0x20, 0x7F and the backslash print as \\xNN (upper-case hex).\n"
+        "Kinds 1-2 sort by command name then code, 3-4 by user name then code, 5 by\n"
+        "module code then row; text ignores case, ties keep the table's order.\n"
+        "More rows than a report holds (3000): a message, exit 1.");
 
     try {
         app.parse(argc, argv);

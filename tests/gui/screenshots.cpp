@@ -33,6 +33,9 @@
 #include "platform/serial_port.hpp"
 #include "support/sample_project.hpp"
 
+// The report window and the first page of each report (report_screenshots.cpp).
+bool save_report_pictures(filo::app::Session& session, const QDir& out);
+
 namespace {
 
 // Message boxes would wait for a click: answered No, and told on stdout.
@@ -237,5 +240,6 @@ int main(int argc, char** argv) {
         editor->refresh();
         ok &= save(&window, out, "16-link-details.png");
     }
+    ok &= save_report_pictures(session, out);
     return ok ? 0 : 1;
 }
