@@ -60,20 +60,32 @@ void Project::open(const std::filesystem::path& file) {
     APRI_DATABASE_NICK();
 }
 
+void Project::open_read_only(const std::filesystem::path& file) {
+    NOME_PROGETTO = project_name_of(file);
+    PERCORSO_PROGETTO = file.string();
+    connect(sqlite::OpenMode::ReadOnly);
+}
+
 void Project::APRI_DATABASE_NICK() {
+    connect(sqlite::OpenMode::ReadWrite);
+}
+
+void Project::connect(sqlite::OpenMode mode) {
     const std::filesystem::path file = PERCORSO_PROGETTO;
     std::error_code ec;
     if (!std::filesystem::is_regular_file(file, ec))
         throw ProjectError(ProjectProblem::Missing, PERCORSO_PROGETTO);
     try {
-        auto connection = std::make_unique<sqlite::Connection>(file, sqlite::OpenMode::ReadWrite);
+        auto connection = std::make_unique<sqlite::Connection>(file, mode);
         SchemaCheck check = check_project_schema(*connection);
         if (!check.missing_tables.empty())
             throw ProjectError(ProjectProblem::MissingTables, joined(check.missing_tables));
         if (!check.missing_columns.empty())
             throw ProjectError(ProjectProblem::MissingColumns, joined(check.missing_columns));
-        upgrade_project_schema(*connection, check);
-        use_project_settings(*connection);
+        if (mode != sqlite::OpenMode::ReadOnly) {
+            upgrade_project_schema(*connection, check);
+            use_project_settings(*connection);
+        }
         register_sql_functions(*connection);
         connection_ = std::move(connection);
     } catch (const sqlite::SqlError& e) {

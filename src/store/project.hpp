@@ -6,6 +6,7 @@
 
 namespace filo::sqlite {
 class Connection;
+enum class OpenMode;
 }
 namespace filo::texts {
 class LanguageTables;
@@ -65,6 +66,9 @@ class Project {
 
     // Sets the name and path from a file, then opens it.
     void open(const std::filesystem::path& file);
+    // The same for a command that only reads: the file is never written, not
+    // even upgraded, so it may lie where the user cannot write.
+    void open_read_only(const std::filesystem::path& file);
 
     bool is_open() const;
     // The connection of the open project; throws ProjectError when none is.
@@ -72,6 +76,7 @@ class Project {
     void close();
 
   private:
+    void connect(sqlite::OpenMode mode);
     std::unique_ptr<sqlite::Connection> connection_;
 };
 
