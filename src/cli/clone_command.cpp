@@ -105,6 +105,10 @@ int clone_sample(Context& context, const CloneRequest& request) {
         return kExitOk;
     }
 
+    if (request.group.empty()) {
+        context.err << "clone: --group is required (or --list)\n";
+        return kExitUsage;
+    }
     // The new codes by the sample's code, in the order of the list.
     std::map<std::string, std::string> typed;
     for (const std::string& pair : request.codes) {

@@ -190,8 +190,10 @@ int run(int argc, char** argv) {
         "  Refusals on stderr, nothing changed, exit 1:\n"
         "    title=T<TAB>message=M\n"
         "    row=I<TAB>code=C<TAB>title=T<TAB>message=M for each refused code, C as typed\n"
-        "    (upper case); a row without --code is refused with \"INSERISCI CODICE\".\n"
-        "  Every module of the list needs a --code; the group and number are required.");
+        "    (upper case); a row without --code is refused with \"INSERISCI CODICE\", a\n"
+        "    missing --number with \"Inserire il N° clone\", an OLD that is not in the\n"
+        "    list with title=ATTENZIONE and the code after the message.\n"
+        "  Without --list, --group is required (exit 2).");
 
     filo::cli::ExportRequest export_request;
     auto* export_cmd =

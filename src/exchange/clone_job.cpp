@@ -186,23 +186,20 @@ std::vector<store::LinkRow> CloneJob::COPIA_LINK_CAMPIONE(
 void CloneJob::write(const ClonePlan& plan,
                      const std::function<void(const std::string& codice)>& progress) {
     store::Project& project = target_.project();
-    {
-        sqlite::Transaction t(project.database());
-        store::LinkTable links(project);
-        for (const store::ModuleRecord& m : plan.modules) {
-            if (m.rows.empty()) continue;
-            if (progress) progress(m.rows.front().codice);
-            target_.RIGHE_MODULO = m;
-            target_.CODICE_MODULO = m.rows.front().codice;
-            target_.AGGIUNGI_MODULO();
-        }
-        for (const store::LinkRow& l : plan.links) {
-            links.LINK_CORRENTE = l;
-            links.AGGIUNGI_LINK();
-        }
-        t.commit();
+    sqlite::Transaction t(project.database());
+    store::LinkTable links(project);
+    for (const store::ModuleRecord& m : plan.modules) {
+        if (m.rows.empty()) continue;
+        if (progress) progress(m.rows.front().codice);
+        target_.RIGHE_MODULO = m;
+        target_.CODICE_MODULO = m.rows.front().codice;
+        target_.AGGIUNGI_MODULO();
     }
-    CERCA_MODULI();
+    for (const store::LinkRow& l : plan.links) {
+        links.LINK_CORRENTE = l;
+        links.AGGIUNGI_LINK();
+    }
+    t.commit();
 }
 
 }  // namespace filo::exchange

@@ -79,7 +79,8 @@ class CloneJob {
     // written. Throws on a database fault.
     CloneOutcome prepare(const CloneRequest& request);
     // ESEGUI_CLONE: appends the plan as one transaction (all or nothing),
-    // telling each module's new code as it goes; then CERCA_MODULI.
+    // telling each module's new code as it goes. The caller refreshes its
+    // module lists (CERCA_MODULI) after.
     void write(const ClonePlan& plan,
                const std::function<void(const std::string& codice)>& progress = {});
 

@@ -25,12 +25,17 @@ class CloneCliTest : public CloneTest {
 };
 
 TEST_F(CloneCliTest, ListsAndPrintsWhatItAppends) {
+    {
+        store::Project p;
+        p.open(sample);
+        set_column(p, "00031A", 1, "note", "Lettore\t2\\b\r\n");
+    }
     ProgramResult list = cli({"clone", target.string(), "--sample", sample.string(), "--list"});
     EXPECT_EQ(list.exit_code, 0) << list.err;
     EXPECT_EQ(list.out,
               "row=1\tcode=00011F\ttype=TR-1F\titem=00011F  Cucina\n"
               "row=2\tcode=00021A\ttype=TR-1A\titem=00021A  Lettore\n"
-              "row=3\tcode=00031A\ttype=TR-1A\titem=00031A  Lettore 2\n"
+              "row=3\tcode=00031A\ttype=TR-1A\titem=00031A  Lettore\\t2\\\\b\\r\\n\n"
               "row=4\tcode=FFF023\ttype=TR-23\titem=FFF023  PAGINA 1 VIDEOCITOFONO\n");
 
     const std::string before = read_file(target);
