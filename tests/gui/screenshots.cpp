@@ -11,7 +11,9 @@
 #include <QTest>
 #include <iostream>
 
+#include "app/clone_dialog.hpp"
 #include "app/demo.hpp"
+#include "app/export_dialog.hpp"
 #include "app/form1.hpp"
 #include "app/form3.hpp"
 #include "app/main_menu.hpp"
@@ -134,5 +136,23 @@ int main(int argc, char** argv) {
     connection.show();
     ok &= save(&connection, out, "08-connection.png");
     connection.hide();
+
+    // The export after "Start", and the clone window with the demo as its sample.
+    filo::app::FrmMain exporting(session, &window);
+    exporting.show();
+    click(&exporting, "Command1");
+    ok &= save(&exporting, out, "09-export.png");
+    exporting.hide();
+    filo::app::MACRO cloning(session, &window);
+    cloning.show();
+    cloning.choose_sample(session.project.PERCORSO_PROGETTO);
+    QTest::keyClicks(cloning.findChild<QLineEdit*>("Text2"), "Villa");
+    click(&cloning, "Label15");
+    QTest::keyClicks(cloning.findChild<QLineEdit*>("Text3"), "1");
+    auto* code = cloning.findChild<QLineEdit*>("Text1_0");
+    QTest::mouseClick(code, Qt::LeftButton);
+    QTest::keyClicks(code, "00A01588");
+    ok &= save(&cloning, out, "10-clone.png");
+    cloning.hide();
     return ok ? 0 : 1;
 }
