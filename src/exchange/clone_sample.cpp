@@ -102,14 +102,16 @@ std::optional<CloneMessage> CloneSample::ELENCO_MODULI_IMPORTATI() {
     sqlite::Statement q = sample_.database().prepare(
         "SELECT * FROM nick WHERE campo = '1' ORDER BY codice COLLATE NOCASE, ID");
     const std::vector<store::NickRow> heads = read_all<store::NickRow>(q, nick_fields);
-    // Every head counts here, deleted modules too.
-    for (const store::NickRow& r : heads) {
+    // One pass in order, every head counted, deleted modules too: whichever
+    // check fails first stops it.
+    for (std::size_t i = 0; i < heads.size(); ++i) {
+        const store::NickRow& r = heads[i];
         const std::string_view place = mid(r.connesso, 2, 1);
         if (r.riserva != "K" && mid(r.codice, 5, 2) == "1A" && place != "E" && place != "I")
             return CloneMessage{Text::CLONE_TITLE_ABORTED, Text::CLONE_READER_PLACE_UNDEFINED, {}};
+        if (i + 1 > static_cast<std::size_t>(kMaxSampleModules))
+            return CloneMessage{Text::CLONE_TITLE_ABORTED, Text::CLONE_SAMPLE_TOO_LARGE, {}};
     }
-    if (heads.size() > static_cast<std::size_t>(kMaxSampleModules))
-        return CloneMessage{Text::CLONE_TITLE_ABORTED, Text::CLONE_SAMPLE_TOO_LARGE, {}};
     for (const store::NickRow& r : heads) {
         if (r.riserva == "K") continue;
         rows.push_back({.codice = std::string(mid(r.codice, 1, 6)),
