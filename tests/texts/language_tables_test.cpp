@@ -131,7 +131,20 @@ TEST(LanguageTables, EachLanguageLacksExactlyItsOwnEntries) {
 
 TEST(LanguageTables, OnlyTheFixedCaptionsOfTheProgramStayItalian) {
     const std::set<std::string> fixed = {"SPEECH_UNAVAILABLE", "TITLE_SPEECH",
-                                         "SECOND_COPY_REFUSED", "TITLE_FILO", "OPEN_DIALOG_TITLE"};
+                                         "SECOND_COPY_REFUSED", "TITLE_FILO", "OPEN_DIALOG_TITLE",
+                                         // The clone and export windows' own texts.
+                                         "CLONE_TITLE_ABORTED", "CLONE_READER_PLACE_UNDEFINED",
+                                         "CLONE_SAMPLE_TOO_LARGE", "CLONE_ENTER_CODE",
+                                         "CLONE_IMPORT", "CLONE_RUN", "CLONE_SET_NAME",
+                                         "CLONE_EXIT", "CLONE_EXIT_BLANK", "CLONE_ACCEPT",
+                                         "CLONE_GROUP_FRAME", "CLONE_ADD", "CLONE_NUMBER_LABEL",
+                                         "CLONE_ROW_NUMBER", "CLONE_LAST", "CLONE_SOURCE_SELECTED",
+                                         "EXPORT_CAPTION", "EXPORT_START", "EXPORT_EXIT",
+                                         "EXPORT_CARDS_ONLY", "EXPORT_DEBUG_FRAME",
+                                         "EXPORT_CREATING_NICK", "EXPORT_DONE", "EXPORT_OPEN_ERROR",
+                                         "EXPORT_OPEN_ERROR_END", "EXPORT_CREATE_ERROR",
+                                         "EXPORT_ERROR_MESSAGE", "EXPORT_SQL_COMMAND",
+                                         "EXPORT_INSERTING", "EXPORT_OF", "EXPORT_IN_NICK"};
     for (Language l : kLanguages) {
         std::set<std::string> italian_only;
         for (std::size_t i = kClassicTextCount; i < kTextCount; ++i)
