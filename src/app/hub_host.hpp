@@ -16,6 +16,8 @@ struct HubHost {
     // Form18 with report 1-5 (STAMPA_1 to STAMPA_5), and its unloading.
     std::function<void(int numero_report)> show_report;
     std::function<void()> close_report;
+    std::function<void()> show_clone;        // MACRO, modal
+    std::function<void()> show_export;       // FrmMain, modal
     // The scan's next tick after this many milliseconds.
     std::function<void(int ms)> schedule_scan_tick;
     // The window shows the hub as it stands, before a question box covers it.

@@ -9,6 +9,8 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 
+#include "app/clone_dialog.hpp"
+#include "app/export_dialog.hpp"
 #include "app/form1.hpp"
 #include "app/form2.hpp"
 #include "app/form3.hpp"
@@ -167,6 +169,8 @@ bool MDIForm1::show_project() {
     host.show_main_menu = [this] { show_main_menu(); };
     host.show_report = [this](int n) { open_report(n); };
     host.close_report = [this] { close_report(); };
+    host.show_clone = [this] { MACRO(session_, this).exec(); };
+    host.show_export = [this] { FrmMain(session_, this).exec(); };
     auto* form = new Form3(session_, std::move(host));
     connect(form, &Form3::caption_changed, this, &QWidget::setWindowTitle);
     if (!form->load()) {

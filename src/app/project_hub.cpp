@@ -165,6 +165,21 @@ void ProjectHub::menu_click(int index) {
         case PrintModules:
             if (host_.show_report) host_.show_report(index - PrintCommands + 1);
             break;
+        // Without a window to show (a host that has none) they say so.
+        case Export:
+            if (host_.show_export)
+                host_.show_export();
+            else
+                not_yet_available(Text::MENU_EXPORT);
+            break;
+        case Wizard:
+            if (!host_.show_clone) {
+                not_yet_available(Text::HUB_WIZARD);
+                break;
+            }
+            host_.show_clone();
+            CERCA_MODULI();
+            break;
         default:
             if (const EntryTexts* e = find_entry(index)) not_yet_available(e->caption);
             break;

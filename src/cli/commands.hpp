@@ -166,5 +166,26 @@ struct ReportRequest {
     std::string page = "A4";  // A4 or Letter
 };
 int print_report(Context& context, const ReportRequest& request);
+// A sample project cloned into a project (the clone window), or its list.
+struct CloneRequest {
+    std::string target;
+    std::string sample;
+    bool list = false;
+    std::string group;
+    std::string number;
+    std::vector<std::string> codes;  // OLD=NEW8
+    bool no_check_digits = false;
+    bool dry_run = false;
+};
+int clone_sample(Context& context, const CloneRequest& request);
+
+// The SQLite copy of nick and the card-reader groups of a project.
+struct ExportRequest {
+    std::string project;
+    bool cards_only = false;
+    std::string nick;   // "" : next to the project
+    std::string cards;  // "" : in the data directory
+};
+int export_project(Context& context, const ExportRequest& request);
 
 }  // namespace filo::cli

@@ -322,6 +322,76 @@ int run(int argc, char** argv) {
         "Kinds 1-2 sort by command name then code, 3-4 by user name then code, 5 by\n"
         "module code then row; text ignores case, ties keep the table's order.\n"
         "More rows than a report holds (3000): a message, exit 1.");
+    filo::cli::CloneRequest clone;
+    auto* clone_cmd = command("clone", "Clone a sample project into a project under new codes",
+                              [&](Context& c) { return filo::cli::clone_sample(c, clone); });
+    clone_cmd->add_option("project", clone.target, "The project the clone is added to")
+        ->required();
+    clone_cmd->add_option("--sample", clone.sample, "The sample project (never written)")
+        ->required();
+    auto* clone_list = clone_cmd->add_flag("--list", clone.list, "List the sample's modules");
+    clone_cmd->add_option("--group", clone.group, "Name of the clone group")
+        ->excludes(clone_list)
+        ->check([](const std::string& v) {
+            return v.empty() ? std::string("the group name is empty") : std::string();
+        });
+    clone_cmd->add_option("--number", clone.number, "Number of the clone, 1 to 32767")
+        ->excludes(clone_list)
+        ->check([](const std::string& v) {
+            const bool digits = !v.empty() && v.size() <= 5 &&
+                                v.find_first_not_of("0123456789") == std::string::npos;
+            return digits && std::stol(v) <= 32767 ? std::string()
+                                                   : std::string("digits only, up to 32767");
+        });
+    clone_cmd
+        ->add_option("--code", clone.codes,
+                     "OLD=NEW8: the sample module OLD gets the 8 characters printed on its "
+                     "new module")
+        ->excludes(clone_list)
+        ->check([](const std::string& v) {
+            return v.find('=') == std::string::npos ? std::string("expected OLD=NEW8")
+                                                    : std::string();
+        });
+    clone_cmd->add_flag("--no-check-digits", clone.no_check_digits,
+                        "Take the new codes without checking their check digits");
+    clone_cmd->add_flag("--dry-run", clone.dry_run,
+                        "Check and print what would be appended; change nothing");
+    clone_cmd->footer(
+        "Output (a contract):\n"
+        "  --list: one line a module of the sample, in code order:\n"
+        "    row=I<TAB>code=C<TAB>type=TR-TT<TAB>item=TEXT\n"
+        "  clone: the rows appended (with --dry-run: that would be), one a line, as\n"
+        "    column=value pairs separated by TAB in table column order, without ID:\n"
+        "    all nick rows first (modules in list order, rows in ID order), then the\n"
+        "    associazioni rows in the sample's ID order.\n"
+        "  In values, backslash, TAB, CR and LF are written \\\\, \\t, \\r, \\n; Null is empty.\n"
+        "  Refusals on stderr, nothing changed, exit 1:\n"
+        "    title=T<TAB>message=M\n"
+        "    row=I<TAB>code=C<TAB>title=T<TAB>message=M for each refused code, C as typed\n"
+        "    (upper case); a row without --code is refused with \"INSERISCI CODICE\", a\n"
+        "    missing --number with \"Inserire il N° clone\", an OLD that is not in the\n"
+        "    list with title=ATTENZIONE and the code after the message.\n"
+        "  Without --list, --group is required (exit 2).");
+
+    filo::cli::ExportRequest export_request;
+    auto* export_cmd =
+        command("export", "The SQLite copy of nick and the export of the card-reader groups",
+                [&](Context& c) { return filo::cli::export_project(c, export_request); });
+    export_cmd->add_option("project", export_request.project, "The project file (only read)")
+        ->required();
+    export_cmd->add_flag("--cards-only", export_request.cards_only,
+                         "Only the card-reader groups (ESPORTA LETTORE 1A)");
+    export_cmd->add_option("--nick", export_request.nick,
+                           "The SQLite copy of nick (default: the project path less its last "
+                           "3 characters, and DB)");
+    export_cmd->add_option("--cards", export_request.cards,
+                           "The card-reader database (default: <data dir>/ESP_<name>/"
+                           "DATI_HARDWARE.mdb); dati_transponder.csv is written beside it");
+    export_cmd->footer(
+        "Files are replaced whole: each is written under a temporary name and renamed.\n"
+        "dati_transponder.csv: UTF-8, header ID,A,B,C,D,E,F, CRLF line ends, quoted fields\n"
+        "where needed. The template <data dir>/ESPORTA_BASE.mdb is made when missing.\n"
+        "Exit 0 done, 1 on failure (message on stderr).");
 
     try {
         app.parse(argc, argv);

@@ -12,7 +12,9 @@
 #include <iostream>
 
 #include "app/analisi.hpp"
+#include "app/clone_dialog.hpp"
 #include "app/demo.hpp"
+#include "app/export_dialog.hpp"
 #include "app/form1.hpp"
 #include "app/form3.hpp"
 #include "app/form4.hpp"
@@ -241,5 +243,22 @@ int main(int argc, char** argv) {
         ok &= save(&window, out, "16-link-details.png");
     }
     ok &= save_report_pictures(session, out);
+    // The export after "Start", and the clone window with the demo as its sample.
+    filo::app::FrmMain exporting(session, &window);
+    exporting.show();
+    click(&exporting, "Command1");
+    ok &= save(&exporting, out, "21-export.png");
+    exporting.hide();
+    filo::app::MACRO cloning(session, &window);
+    cloning.show();
+    cloning.choose_sample(session.project.PERCORSO_PROGETTO);
+    QTest::keyClicks(cloning.findChild<QLineEdit*>("Text2"), "Villa");
+    click(&cloning, "Label15");
+    QTest::keyClicks(cloning.findChild<QLineEdit*>("Text3"), "1");
+    auto* code = cloning.findChild<QLineEdit*>("Text1_0");
+    QTest::mouseClick(code, Qt::LeftButton);
+    QTest::keyClicks(code, "00A01588");
+    ok &= save(&cloning, out, "22-clone.png");
+    cloning.hide();
     return ok ? 0 : 1;
 }
