@@ -11,13 +11,6 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(Checksum, LiteralFramesSatisfyTheRule) {
-    EXPECT_TRUE(checksum_ok(kOpenProgramming));
-    EXPECT_TRUE(checksum_ok(kCloseProgramming));
-    EXPECT_EQ(with_checksum("(600000055]"), kOpenProgramming);
-    EXPECT_EQ(with_checksum("(6000000AA]"), kCloseProgramming);
-}
-
 TEST(Checksum, StartsAtOneAndWrapsAt256) {
     EXPECT_EQ(checksum(""), 1);
     EXPECT_EQ(checksum("600000055]"), 0x1E);  // 541 + 1 - 512

@@ -22,14 +22,6 @@ TEST(DecAHex, GivesTwoDigitsAndZeroOutsideAByte) {
     for (const auto& c : cases) EXPECT_EQ(DEC_A_HEX(c.in), c.out) << '"' << c.in << '"';
 }
 
-TEST(DecABin, WeighsTheFirstCharacter128) {
-    const TextCase cases[] = {
-        {"0", "00000000"},   {"1", "00000001"},   {"128", "10000000"}, {"251", "11111011"},
-        {"255", "11111111"}, {"256", "00000000"}, {"x", "00000000"},   {"9", "00001001"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(DEC_A_BIN(c.in), c.out) << '"' << c.in << '"';
-}
-
 TEST(BitStrings, ReadFromTheLeftWithMissingOrOddCharactersClear) {
     struct Case {
         const char* bits;

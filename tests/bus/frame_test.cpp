@@ -12,20 +12,6 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(LiteralFrames, AreBusControlFramesOfTheProgrammer) {
-    EXPECT_EQ(bus_control_frame(0x55), kOpenProgramming);
-    EXPECT_EQ(bus_control_frame(0xAA), kCloseProgramming);
-    for (auto literal : {kOpenProgramming, kCloseProgramming}) {
-        const Frame f = parse_frame(literal);
-        EXPECT_EQ(f.kind, FrameKind::BusControl);
-        EXPECT_TRUE(f.checksum_ok);
-        EXPECT_EQ(f.address, 0);
-        EXPECT_EQ(f.command, 0);
-    }
-    EXPECT_EQ(parse_frame(kOpenProgramming).value, 0x55);
-    EXPECT_EQ(parse_frame(kCloseProgramming).value, 0xAA);
-}
-
 TEST(ShortFrames, AreBuiltToTheLetterAndParsedBack) {
     struct Case {
         std::string built;

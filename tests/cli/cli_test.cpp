@@ -89,22 +89,6 @@ TEST_F(CliTest, ProjectsThatCannotBeOpenedAreUserErrors) {
     EXPECT_EQ(testing::read_file(dir / "rotto.TRN"), "non un database");
 }
 
-TEST_F(CliTest, TextsPrintsEveryEntryInTheChosenLanguage) {
-    auto r = cli({"texts"});
-    ASSERT_EQ(r.exit_code, 0);
-    EXPECT_NE(r.out.find("\tMENU_OPEN_PROJECT\tApri progetto \n"), std::string::npos);
-    EXPECT_NE(r.out.find("\tHELP_LEVEL_SMART\tLIVELLO DI PROGRAMMAZIONE SMART\\nSemplifica"),
-              std::string::npos);
-    auto spanish = cli({"texts", "--lang", "spa"});
-    ASSERT_EQ(spanish.exit_code, 0) << spanish.err;
-    EXPECT_NE(spanish.out.find("\tMENU_OPEN_PROJECT\tAbre proyecto \n"), std::string::npos);
-    // French has no units: they stay as the Italian the run starts from.
-    auto french = cli({"texts", "--lang", "FRA"});
-    ASSERT_EQ(french.exit_code, 0) << french.err;
-    EXPECT_NE(french.out.find("\tMENU_OPEN_PROJECT\tOuvrir un projet \n"), std::string::npos);
-    EXPECT_NE(french.out.find("\tUNIT_DEGREES_ROOM\tgradi C°\n"), std::string::npos);
-}
-
 TEST_F(CliTest, WrongUsageExitsTwo) {
     EXPECT_EQ(cli({}).exit_code, 2);
     EXPECT_EQ(cli({"new"}).exit_code, 2);

@@ -3,7 +3,6 @@
 
 #include "cli/cli_fixture.hpp"
 
-#include <sstream>
 #include <vector>
 
 #include "store/module_table.hpp"
@@ -16,12 +15,7 @@
 namespace filo {
 namespace {
 
-std::vector<std::string> lines_of(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
-}
+using testing::lines_of;
 
 class ImageCliTest : public testing::CliFixture {
   protected:

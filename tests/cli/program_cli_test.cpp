@@ -2,8 +2,6 @@
 // the trace of every write, whose format outside tools read.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "cli/cli_fixture.hpp"
 #include "store/module_table.hpp"
 #include "store/project.hpp"
@@ -20,10 +18,7 @@ class ProgramCliTest : public testing::CliFixture {
     std::vector<std::string> trace_lines() {
         auto r = cli({"program", project, "--dry-run", "--trace"});
         EXPECT_EQ(r.exit_code, 0) << r.err;
-        std::vector<std::string> lines;
-        std::istringstream in(r.out);
-        for (std::string l; std::getline(in, l);) lines.push_back(l);
-        return lines;
+        return testing::lines_of(r.out);
     }
     std::string project;
 };

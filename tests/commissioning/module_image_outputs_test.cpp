@@ -70,17 +70,6 @@ TEST_F(ModuleImageTest, GroupsArePackedOverRowsTwoToNine) {
     }
 }
 
-TEST_F(ModuleImageTest, MarkedGroupRowsAddUp) {
-    const std::string codice = add("11", 32);
-    set(codice, 2, "riserva", "ALMENO1 luci");
-    set(codice, 3, "riserva3", ones_at({1, 17}));
-    set(codice, 9, "riserva3", ones_at({1, 17}));
-    const ModuleImage m = image(codice);
-    EXPECT_EQ(m.RIGHE_GRUPPO, "131");
-    EXPECT_EQ(m.GRUPPO(7), "001");
-    EXPECT_EQ(m.GRUPPO(31), "001");
-}
-
 TEST_F(ModuleImageTest, RelayRowsGiveInversionAndTheirMasks) {
     struct Case {
         int campo;
@@ -151,14 +140,6 @@ TEST_F(ModuleImageTest, RelayRowsGiveInversionAndTheirMasks) {
         }
         EXPECT_EQ(m.EVENTO_1(c.campo == 9 ? 10 : 9), "000");
     }
-}
-
-TEST_F(ModuleImageTest, InvertedRelaysAddUp) {
-    const std::string codice = add("11");
-    for (int campo : {9, 10, 16}) set(codice, campo, "modo", "II" + std::string(22, '0'));
-    const ModuleImage m = image(codice);
-    EXPECT_EQ(m.MASCHERA_INVERTITI, 1 + 2 + 128);
-    EXPECT_EQ(m.HEX_INVERTITI, "83");
 }
 
 TEST_F(ModuleImageTest, RadioRelaysGiveTheirSocketEntries) {

@@ -26,19 +26,6 @@ TEST_F(ModuleImageTest, AModuleNotInTheProjectGivesTheStartImage) {
     EXPECT_EQ(found.N_RIGHE_MODULO, 32);
 }
 
-TEST_F(ModuleImageTest, AModuleWithoutInputsSendsNoKinds) {
-    const std::string codice = add("1F");
-    for (int campo = 1; campo <= 8; ++campo) set(codice, campo, "tipologia", "SPIA");
-    ModuleImage m = image(codice);
-    EXPECT_EQ(m.MASCHERA_INGRESSI, 0);
-    EXPECT_EQ(m.TIPOLOGIE, "FF0000000000");
-    // Eight pushbuttons, as a new module has, come to the same text: it is what
-    // the module has on its own.
-    const ModuleImage pushbuttons = image(add("1F"));
-    EXPECT_EQ(pushbuttons.MASCHERA_INGRESSI, 255);
-    EXPECT_EQ(pushbuttons.TIPOLOGIE, "FF0000000000");
-}
-
 TEST_F(ModuleImageTest, EachKindLetterLandsInItsMask) {
     struct Case {
         char letter;
@@ -305,20 +292,6 @@ TEST_F(ModuleImageTest, AStarredNoteShowsTheNumberOfActiveMessages) {
         if (c.campo != 0) set(codice, c.campo, "note", c.note);
         EXPECT_EQ(image(codice).MESSAGGI_ATTIVI, c.messaggi_attivi);
     }
-}
-
-TEST_F(ModuleImageTest, RowsBeyondTheArraysAndOddWiresAreIgnored) {
-    const std::string codice = add("11", 32);
-    set(codice, 20, "tipologia", "INPUT");
-    set(codice, 20, "modo", "P" + std::string(23, '0'));
-    set(codice, 20, "riserva2", "777" + std::string(47, '0'));
-    set(codice, 2, "numero_filo", "");
-    set(codice, 3, "numero_filo", "17");
-    set(codice, 4, "numero_filo", "abc");
-    const ModuleImage m = image(codice);
-    // Wires 12 (row 20 of a 32-row module) and 1, 5 to 8 count; the rest has no bit.
-    EXPECT_EQ(m.MASCHERA_INGRESSI, 1 + 16 + 32 + 64 + 128 + 2048);
-    EXPECT_EQ(m.TIPOLOGIE, "FF0000000000");
 }
 
 TEST(ByteHex, MasksAndValuesBecomeOneByteOfAFrame) {

@@ -15,24 +15,15 @@
 #include "commissioning/run_report.hpp"
 #include "links/link_record.hpp"
 #include "store/link_table.hpp"
+#include "support/frames.hpp"
 
 namespace filo::commissioning {
 namespace {
 
 using testing::add_module;
+using testing::frame_of;
 
 constexpr char kTextStart = '\x16';
-
-// What a write carried: a frame without its two checksum digits, or a text
-// frame as it went out.
-std::string frame_of(const std::string& written) {
-    if (!written.empty() && written[0] == kTextStart) return written;
-    const auto open = written.find('(');
-    const auto close = written.find(']', open);
-    if (open == std::string::npos || close == std::string::npos) return "?" + written;
-    const std::string frame = written.substr(open, close - open + 1);
-    return frame.substr(0, 1) + frame.substr(3);
-}
 
 bool is_line_control(const std::string& frame) {
     return frame == "(600000055]" || frame == "(6000000AA]";
@@ -243,22 +234,6 @@ TEST_F(ProgrammingRunTest, WithoutLinksTheLinkBarIsNeverTouched) {
     EXPECT_EQ(closings(), 3);
 }
 
-TEST_F(ProgrammingRunTest, ModulesStartTenMillisecondsApartAndTheResetPausesTwoSeconds) {
-    for (int i = 0; i < 5; ++i) set_letters(add("14", 16), "TMMMMMMM");
-    run.PROGRAMMA_IMPIANTO();
-    std::vector<double> resets;
-    double first_kinds = 0;
-    for (std::size_t i = 0; i < io.writes().size(); ++i) {
-        const std::string f = frame_of(io.writes()[i]);
-        if (f.compare(6, 2, "6F") == 0) resets.push_back(io.write_times()[i]);
-        if (f.rfind("(2", 0) == 0 && first_kinds == 0) first_kinds = io.write_times()[i];
-    }
-    ASSERT_EQ(resets.size(), 5u);
-    for (std::size_t i = 1; i < resets.size(); ++i) EXPECT_GE(resets[i] - resets[i - 1], 0.01);
-    // Reset pause 2 s, then phases 2 to 6 with their pauses (200 x 3, 500).
-    EXPECT_GE(first_kinds - resets.back(), 2.0 + 0.6 + 0.5);
-}
-
 TEST_F(ProgrammingRunTest, ASilentModuleFailsEachFrameTwiceAndTheQuestionComesOnce) {
     const std::string mute = add("11", 16);
     for (int campo = 9; campo <= 16; ++campo) set(mute, campo, "modo", "II" + std::string(22, '0'));
@@ -277,74 +252,6 @@ TEST_F(ProgrammingRunTest, ASilentModuleFailsEachFrameTwiceAndTheQuestionComesOn
     EXPECT_EQ(lines[1], "Modulo n° " + mute + " reset NO / /");
     EXPECT_NE(report.TEXT2.find("Modulo n° " + mute + " invertiti NO"), std::string::npos);
     EXPECT_EQ(closings(), 3);
-}
-
-TEST_F(ProgrammingRunTest, TheInstallersStopTakesEffectAtTheNextStopTest) {
-    struct Case {
-        const char* name;
-        bool answer_yes;        // to the question after ten failures
-        bool request_at_start;  // the stop button during the first phase
-        bool reaches_links;
-    };
-    const Case cases[] = {
-        {"no stop", false, false, true},
-        {"question answered yes", true, false, false},
-        {"stop button", false, true, false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        io.virtual_clock().advance_to(io.clock().now() + 10);
-        RunReport r;
-        ProgrammingRun stoppable{project, line, r};
-        sql("DELETE FROM nick");
-        sql("DELETE FROM associazioni");
-        for (int i = 0; i < 12; ++i)
-            add_module(table, "00" + std::to_string(10 + i) + "11", 16, "M");
-        add_link("001011/1", "001111/1", "Pulsante");
-        silent("00");  // every module is silent
-        int questions = 0;
-        r.ask_to_stop = [&] {
-            ++questions;
-            return c.answer_yes;
-        };
-        stoppable.on_progress = [&](const RunProgress& p) {
-            if (c.request_at_start && p.phase == 1 && p.module_place == 2) stoppable.request_stop();
-        };
-        const std::size_t before = io.writes().size();
-        stoppable.PROGRAMMA_IMPIANTO();
-        bool links_sent = false;
-        for (std::size_t i = before; i < io.writes().size(); ++i)
-            links_sent |= frame_of(io.writes()[i]).rfind("(1", 0) == 0 &&
-                          !is_line_control(frame_of(io.writes()[i]));
-        EXPECT_EQ(links_sent, c.reaches_links);
-        // Twelve silent resets: the question comes at the eleventh.
-        EXPECT_EQ(questions, c.request_at_start ? 0 : 1);
-        // A stop after the reset phase leaves every reset sent, and the run closed.
-        EXPECT_GE(r.N_ERRORI, 10);
-        EXPECT_FALSE(stoppable.in_progress());
-        long closing = 0;
-        for (std::size_t i = before; i < io.writes().size(); ++i)
-            closing += frame_of(io.writes()[i]) == "(6000000AA]";
-        EXPECT_EQ(closing, 3);
-        if (!c.answer_yes && !c.request_at_start) {
-            EXPECT_GT(r.N_ERRORI, 11);
-        }
-    }
-}
-
-TEST_F(ProgrammingRunTest, AnAnswerThatLandsInTheRepeatCountsAsAnswered) {
-    const std::string late = add("14", 16);
-    // The programmer answers every frame, but only the second time it hears it.
-    io.set_peer([seen = std::set<std::string>()](bus::VirtualLine& l, std::string_view w) mutable {
-        if (w.rfind("00(", 0) != 0) return;  // the module's frames, not the line's
-        if (!seen.insert(std::string(w)).second) l.reply("OK", 0.05);
-    });
-    run.PROGRAMMA_IMPIANTO();
-    EXPECT_EQ(report.N_ERRORI, 0);
-    ASSERT_GE(lines.size(), 2u);
-    EXPECT_EQ(lines[0], "Modulo n° " + late + " reset NO");
-    EXPECT_EQ(lines[1], "Modulo n° " + late + " reset OK");
-    EXPECT_TRUE(report.TEXT2.empty());
 }
 
 }  // namespace

@@ -11,28 +11,19 @@
 #include "bus/line.hpp"
 #include "bus/receive_assembler.hpp"
 #include "bus/virtual_line.hpp"
+#include "support/frames.hpp"
 
 namespace filo::commissioning {
 namespace {
 
-// An installation behind a programmer: every module at an address answers
-// the sweep's probe with its type after a delay.
+// Modules (address, type) and how late they answer the probe.
 struct Installation {
-    std::vector<std::pair<int, int>> modules;  // address, type
+    std::vector<std::pair<int, int>> modules;
     double delay = 0.02;
 };
 
-bus::VirtualLine::Peer peer_of(Installation inst) {
-    return [inst](bus::VirtualLine& l, std::string_view written) {
-        // The probe: "[", checksum, "A", address, "0000]", NUL.
-        if (written.size() != 14 || written[0] != '[' || written[3] != 'A') return;
-        const int address = std::stoi(std::string(written.substr(4, 4)), nullptr, 16);
-        for (const auto& [at, type] : inst.modules)
-            if (at == address)
-                l.reply(bus::identification_answer_frame(static_cast<std::uint16_t>(at),
-                                                         static_cast<std::uint8_t>(type)),
-                        inst.delay);
-    };
+bus::VirtualLine::Peer peer_of(const Installation& inst) {
+    return testing::installation(inst.modules, inst.delay);
 }
 
 class ScanTest : public ::testing::Test {
@@ -130,21 +121,6 @@ TEST_F(ScanTest, AStopKeepsWhatWasCollectedAndNothingMoreIsTaken) {
     // A new start clears the list.
     scan.start();
     EXPECT_TRUE(scan.List1.empty());
-}
-
-TEST_F(ScanTest, TheCollectorTakesOnlyIdentificationAnswersDuringTheSweep) {
-    const std::string answer = bus::identification_answer_frame(0x33, 0x1F);
-    receiver.feed(answer);  // outside a sweep
-    EXPECT_TRUE(scan.List1.empty());
-    scan.start();
-    receiver.feed(answer);
-    receiver.feed(answer);                                   // twice: listed once
-    receiver.feed(bus::register_answer_frame(0x34, 0x1F));   // command FE
-    receiver.feed(bus::short_frame('6', 0x35, 0xFF, 0x1F));  // another kind
-    receiver.feed(
-        bus::with_checksum("(8003"
-                           "6FF1F0]"));  // 14 characters
-    EXPECT_EQ(scan.List1, std::vector<std::string>{"00331F"});
 }
 
 TEST(ScanCompare, ACodeIsNewUnlessTheProjectHasItsFirstSixCharacters) {

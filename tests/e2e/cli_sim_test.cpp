@@ -89,21 +89,6 @@ TEST_F(CliSimTest, SendGetsTheAnswerTheInstallationGives) {
     }
 }
 
-TEST_F(CliSimTest, LostOksAreFollowedAsTheSeedSays) {
-    // With half the OKs lost, some frames need their repeat and a few fail
-    // both attempts; the same seed loses the same ones.
-    auto outputs = [&] {
-        SimProcess sim({"--modules", "00121F", "--drop-ok", "0.5", "--seed", "11"});
-        std::string all;
-        for (int i = 0; i < 6; ++i) all += cli({"send", "--port", sim.port(), "(30012EC05]"}).out;
-        return all;
-    };
-    const std::string first = outputs();
-    EXPECT_NE(first.find(" NO\n"), std::string::npos) << first;
-    EXPECT_NE(first.find(" OK\n"), std::string::npos) << first;
-    EXPECT_EQ(outputs(), first);
-}
-
 TEST_F(CliSimTest, TheDumpIsWrittenOnTerminationWithWhatWasProgrammed) {
     SimProcess sim({"--modules", "00121F,00304A", "--dump", (dir / "dump.json").string()});
     for (const char* frame : {"(300126F68]", "(3001267 0F]", "(3003010A1]", "(3003090B2]"}) {
@@ -119,21 +104,6 @@ TEST_F(CliSimTest, TheDumpIsWrittenOnTerminationWithWhatWasProgrammed) {
     EXPECT_EQ(d["modules"]["00121F"]["resets"], 1);
     EXPECT_EQ(d["modules"]["00304A"]["remotes"], nlohmann::json({{"1", "A1B2"}}));
     EXPECT_EQ(d["frames"], 5);
-}
-
-TEST_F(CliSimTest, ControlLinesBecomeFramesOfTheModule) {
-    SimProcess sim({"--modules", "00121F"});
-    auto port = platform::open_serial_port(sim.port());
-    sim.control("press 00121F 3");
-    sim.control("press 00991F 3");  // no such module: told on standard error
-    sim.control("release 00121F 3");
-    const std::string expected =
-        bus::input_event_frame(0x0012, 3, 251) + bus::input_event_frame(0x0012, 3, 9);
-    std::string got;
-    for (int i = 0; i < 40 && got.size() < expected.size(); ++i) port->read(got, 0.05);
-    EXPECT_EQ(got, expected);
-    EXPECT_EQ(sim.stop(), 0);
-    EXPECT_NE(sim.errors().find("no module 00991F"), std::string::npos) << sim.errors();
 }
 
 TEST_F(CliSimTest, AProjectsLiveModulesAreTheInstallation) {

@@ -6,24 +6,11 @@
 #include "app/mdi_form1.hpp"
 #include "app/module_entry.hpp"
 #include "app/project_errors.hpp"
-#include "bus/frame_builder.hpp"
 #include "sim/installation.hpp"
 #include "sim/sim_server.hpp"
 #include "sim/simulator.hpp"
 
 namespace filo::testing {
-
-bus::VirtualLine::Peer installation(std::vector<std::pair<int, int>> modules) {
-    return [modules](bus::VirtualLine& l, std::string_view written) {
-        if (written.size() != 14 || written[0] != '[' || written[3] != 'A') return;
-        const int address = std::stoi(std::string(written.substr(4, 4)), nullptr, 16);
-        for (const auto& [at, type] : modules)
-            if (at == address)
-                l.reply(bus::identification_answer_frame(static_cast<std::uint16_t>(at),
-                                                         static_cast<std::uint8_t>(type)),
-                        0.02);
-    };
-}
 
 SessionTest::SessionTest() {
     session.LIVELLO = 3;

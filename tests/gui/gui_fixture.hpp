@@ -20,6 +20,7 @@
 #include "bus/virtual_line.hpp"
 #include "platform/clock.hpp"
 #include "platform/serial_port.hpp"
+#include "support/frames.hpp"
 #include "support/temp_dir.hpp"
 
 namespace filo::sim {
@@ -81,10 +82,6 @@ class FakePortHost final : public app::PortHost {
   private:
     bus::VirtualLine& line_;
 };
-
-// A programmer's installation behind the virtual line: modules that answer
-// the sweep's probes.
-bus::VirtualLine::Peer installation(std::vector<std::pair<int, int>> modules);
 
 class SessionTest : public ::testing::Test {
   protected:

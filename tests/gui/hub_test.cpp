@@ -61,27 +61,6 @@ class HubTest : public SessionTest {
     std::vector<std::string> windows;  // the modules MODULI opened on
 };
 
-TEST_F(HubTest, LoadShowsTheProjectAndItsModulesInTheCaption) {
-    add_module("00121F");
-    EXPECT_EQ(hub().caption, "WINDOW 3  Progetto : casa    moduli presenti  1");
-    EXPECT_EQ(session.PROGETTO_CHIUSO, "NO");
-    ASSERT_EQ(hub().lists.by_code.size(), 1u);
-    EXPECT_EQ(hub().lists.by_code[0].substr(0, 6), "00121F");
-    EXPECT_FALSE(hub().Frame2 || hub().Frame3 || hub().Frame4);
-}
-
-TEST_F(HubTest, TheCodeFilterPassesHexDigitsAsCapitalsUpToEight) {
-    const struct {
-        char key;
-        std::size_t length;
-        std::optional<char> passed;
-    } cases[] = {{'a', 0, 'A'},          {'F', 3, 'F'},          {'7', 7, '7'},
-                 {'g', 0, std::nullopt}, {' ', 2, std::nullopt}, {'1', 8, std::nullopt},
-                 {'\b', 8, '\b'}};
-    for (const auto& c : cases)
-        EXPECT_EQ(app::ProjectHub::filter_key(c.key, c.length), c.passed) << c.key << c.length;
-}
-
 TEST_F(HubTest, ATypedCodeIsCheckedAndANewModuleEntered) {
     add_module("00121F");
     add_module("00AA15");
@@ -237,31 +216,6 @@ TEST_F(HubTest, TheScanOffersTheModulesThatAnswerAndTheProjectLacks) {
     EXPECT_EQ(hub().scan_status, "SCANSIONE  TERMINATA");
     EXPECT_FALSE(hub().scan_frame);  // the window was loaded again
     EXPECT_EQ(hub().caption.back(), '3');
-}
-
-TEST_F(HubTest, AStoppedScanComparesWhatItHasAndNoAnswerAsksNothing) {
-    session.use_port("/dev/ttyUSB0");
-    line.set_peer(installation({{0x02, 0x15}, {0x90, 0x14}}));
-    hub().menu_click(app::ProjectHub::Scan);
-    for (int i = 0; i < 5; ++i) {
-        line.serve_until(line.clock().now() + next_tick.back() / 1000.0, [] { return false; });
-        hub().scan_tick();
-    }
-    line.serve_until(line.clock().now() + 0.3, [] { return false; });
-    messages.answers = {false};  // don't insert
-    hub().menu_click(app::ProjectHub::Scan);
-    EXPECT_FALSE(hub().scanning());
-    EXPECT_EQ(hub().List1, std::vector<std::string>{"000215"});
-    EXPECT_EQ(messages.asked.size(), 1u);
-    EXPECT_TRUE(session.modules.ELENCO_CODICI.empty());  // No: nothing changes
-
-    line.set_peer(installation({}));
-    messages.asked.clear();
-    next_tick.clear();
-    hub().menu_click(app::ProjectHub::Scan);
-    run_scan();
-    EXPECT_TRUE(hub().List1.empty());
-    EXPECT_TRUE(messages.asked.empty());
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "app/single_instance.hpp"
 #include "bus/module_code.hpp"
 #include "gui/gui_fixture.hpp"
+#include "support/fake_serial_port.hpp"
 
 namespace filo::testing {
 namespace {
@@ -58,39 +59,6 @@ TEST_F(MainMenuTest, AFailedPortSearchIsToldAtEachStartUntilTheNextSearch) {
             EXPECT_TRUE(std::filesystem::exists(marker));
         }
     }
-}
-
-TEST_F(MainMenuTest, EachFlagChoosesItsLanguageAndTheFifthIsItalian) {
-    menu.load();
-    const struct {
-        int image;
-        const char* code;
-        const char* open;
-    } cases[] = {{1, "SPA", "Abre proyecto "},
-                 {2, "FRA", "Ouvrir un projet "},
-                 {3, "TED", "Öffnen "},
-                 {4, "ITA", "Apri progetto "},
-                 {0, "ITA", "Apri progetto "}};
-    for (const auto& c : cases) {
-        menu.Label8 = "x";
-        menu.choose_language(c.image);
-        EXPECT_EQ(session.texts.SIGLA_LINGUA, c.code);
-        EXPECT_EQ(menu.caption(app::MainMenu::OpenProject), c.open);
-        EXPECT_EQ(menu.Label8, "");
-    }
-}
-
-TEST_F(MainMenuTest, HelpFollowsTheMouseOnlyWhileThePanelIsOn) {
-    menu.load();
-    menu.hover_entry(app::MainMenu::NewProject);
-    EXPECT_EQ(menu.Label10, session.texts.text(Text::HELP_NEW_PROJECT));
-    menu.hover_level(0);
-    EXPECT_EQ(menu.Label10, session.texts.text(Text::HELP_LEVEL_SMART));
-    menu.toggle_help();
-    EXPECT_FALSE(session.AIUTO);
-    menu.hover_entry(app::MainMenu::OpenProject);
-    menu.hover_level(2);
-    EXPECT_EQ(menu.Label10, session.texts.text(Text::HELP_LEVEL_SMART));
 }
 
 TEST_F(MainMenuTest, OpeningNamesTheProjectAfterItsFileAndRefusesAMissingOne) {
@@ -150,29 +118,6 @@ TEST_F(SessionTest, ANewProjectIsCopiedFromTheEmptyOneUnderAValidName) {
     EXPECT_TRUE(session.project.is_open());
 }
 
-// A port whose device echoes what it is sent, as the programmer does with
-// the search digits; or one that stays silent.
-class FakeSerialPort final : public platform::SerialPort {
-  public:
-    FakeSerialPort(std::string name, bool echoes) : name_(std::move(name)), echoes_(echoes) {}
-    const std::string& name() const override { return name_; }
-    void write(std::string_view bytes) override {
-        if (echoes_) pending_ += bytes;
-    }
-    bool read(std::string& into, double) override {
-        into += pending_;
-        const bool any = !pending_.empty();
-        pending_.clear();
-        return any;
-    }
-    int descriptor() const override { return -1; }
-
-  private:
-    std::string name_;
-    bool echoes_;
-    std::string pending_;
-};
-
 class ConnectionTest : public SessionTest {
   protected:
     ConnectionTest() { port.openable.insert("/dev/ttyACM1"); }
@@ -185,7 +130,8 @@ class ConnectionTest : public SessionTest {
         [this](const std::string& path) -> std::unique_ptr<platform::SerialPort> {
             tried.push_back(path);
             if (path == "/dev/missing") throw platform::PortError(path, "no such device");
-            return std::make_unique<FakeSerialPort>(path, echoing.count(path) > 0);
+            return std::make_unique<FakeSerialPort>(
+                path, echoing.count(path) ? Device::Programmer : Device::Silent);
         }};
     std::set<std::string> echoing;
     std::vector<std::string> tried;

@@ -56,7 +56,8 @@ class WindowsTest : public SessionTest {
     }
     void create_project(const std::string& name) {
         click("Image4_1");
-        QTRY_VERIFY(child<QToolButton>(form(), "Image4_0")->isEnabled());
+        ASSERT_TRUE(
+            QTest::qWaitFor([&] { return child<QToolButton>(form(), "Image4_0")->isEnabled(); }));
         QTest::keyClicks(child<QLineEdit>(form(), "Text1"), QString::fromStdString(name));
         click("Image4_0");
     }
@@ -68,7 +69,7 @@ class WindowsTest : public SessionTest {
     std::unique_ptr<app::MDIForm1> window_;
 };
 
-TEST_F(WindowsTest, TheMainMenuFollowsTheLevelAndTheLanguageChosen) {
+TEST_F(WindowsTest, TheMainMenuFollowsTheLevelTheLanguageAndTheHelp) {
     ASSERT_EQ(form()->objectName(), "Form1");
     EXPECT_EQ(window().objectName(), "MDIForm1");
     EXPECT_EQ(child<QLabel>(form(), "Label4")->text(), "3");
@@ -98,38 +99,34 @@ TEST_F(WindowsTest, TheMainMenuFollowsTheLevelAndTheLanguageChosen) {
     EXPECT_TRUE(child<QGroupBox>(form(), "Frame1")->isVisible());
 }
 
-TEST_F(WindowsTest, ANewProjectLeadsToTheProjectWindowAndBack) {
-    create_project("Villa");
-    ASSERT_EQ(form()->objectName(), "Form3");
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].text, "Progetto Villa Creato");
-    EXPECT_EQ(window().windowTitle(), "WINDOW 3  Progetto : Villa    moduli presenti  0");
-    EXPECT_EQ(child<QLabel>(form(), "Label1")->text(), "Villa");
-    // The main window stays while the project window is there.
-    window().close();
-    EXPECT_TRUE(window().isVisible());
-    click("Image1_5");
-    QTRY_COMPARE(form()->objectName(), QString("Form1"));
-    EXPECT_EQ(session.PROGETTO_CHIUSO, "SI");
-    // Nor may the main menu be closed but by its own exit.
-    window().close();
-    EXPECT_TRUE(window().isVisible());
-}
-
-TEST_F(WindowsTest, OpeningAFileShowsItsProjectAndNothingHappensWithoutOne) {
+TEST_F(WindowsTest, ProjectsOpenedOrMadeLeadToTheProjectWindowAndBack) {
     open_new_project("Studio");
     session.project.close();
-    chosen_file = "";
-    click("Image4_0");
+    click("Image4_0");  // no file chosen: nothing happens
     EXPECT_EQ(form()->objectName(), "Form1");
     chosen_file = QString::fromStdString(session.files.project_path("Studio").string());
     click("Image4_0");
     ASSERT_EQ(form()->objectName(), "Form3");
-    EXPECT_TRUE(session.project.is_open());
     EXPECT_EQ(session.project.NOME_PROGETTO, "Studio");
+    // The main window stays while the project window is there.
+    window().close();
+    EXPECT_TRUE(window().isVisible());
+    click("Image1_5");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return form()->objectName() == "Form1"; }));
+    EXPECT_EQ(session.PROGETTO_CHIUSO, "SI");
+    // Nor may the main menu be closed but by its own exit.
+    window().close();
+    EXPECT_TRUE(window().isVisible());
+
+    messages.shown.clear();
+    create_project("Villa");
+    ASSERT_EQ(form()->objectName(), "Form3");
+    EXPECT_EQ(shown_texts(), std::vector<std::string>{"Progetto Villa Creato"});
+    EXPECT_EQ(window().windowTitle(), "WINDOW 3  Progetto : Villa    moduli presenti  0");
+    EXPECT_EQ(child<QLabel>(form(), "Label1")->text(), "Villa");
 }
 
-TEST_F(WindowsTest, TypedCodesAreFilteredCheckedAndEntered) {
+TEST_F(WindowsTest, TypedCodesAreFilteredCheckedAndEnteredAndTheGestureSkipsTheCheck) {
     create_project("Casa");
     messages.shown.clear();
     click("Image1_0");
@@ -139,29 +136,21 @@ TEST_F(WindowsTest, TypedCodesAreFilteredCheckedAndEntered) {
     QTest::keyClicks(text3, "00x13-1f0");
     EXPECT_EQ(text3->text(), "00131F0");
     QTest::keyClicks(text3, "0");  // the eighth: wrong check digits
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0], (Shown{"Codice inserito non corretto", "ATTENZIONE"}));
+    EXPECT_EQ(messages.shown, (std::vector<Shown>{{"Codice inserito non corretto", "ATTENZIONE"}}));
     EXPECT_EQ(text3->text(), "");
-    messages.shown.clear();
     QTest::keyClicks(text3, QString::fromStdString(bus::printed_code("00131f")));
-    QTRY_COMPARE(child<QComboBox>(form(), "Combo1")->count(), 1);
-    EXPECT_TRUE(child<QComboBox>(form(), "Combo1")->itemText(0).startsWith("00131F"));
-    EXPECT_EQ(messages.shown.size(), 1u);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return child<QComboBox>(form(), "Combo1")->count() == 1; }));
     EXPECT_TRUE(window().windowTitle().endsWith("moduli presenti  1"));
-}
 
-TEST_F(WindowsTest, TheGestureOnLabel25TakesAnyCheckDigits) {
-    create_project("Casa");
     auto* label25 = child<QLabel>(form(), "Label25");
     for (int i = 0; i < 5; ++i) QTest::mouseDClick(label25, Qt::LeftButton);
     EXPECT_EQ(label25->text(), "******************");
-    messages.shown.clear();
     click("Image1_0");
     QTest::keyClicks(child<QLineEdit>(form(), "Text3"), "00401500");
-    QTRY_COMPARE(child<QComboBox>(form(), "Combo1")->count(), 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return child<QComboBox>(form(), "Combo1")->count() == 2; }));
     // The main menu clears it again.
     click("Image1_5");
-    QTRY_COMPARE(form()->objectName(), QString("Form1"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return form()->objectName() == "Form1"; }));
     click("Image4_1");
     EXPECT_EQ(session.CONTROLLO_CODICE, "");
 }
@@ -172,18 +161,16 @@ TEST_F(WindowsTest, AModuleChosenFromTheListIsOneTheModuleWindowWillOpen) {
     static_cast<app::Form3*>(form())->load();
     click("Image1_1");
     auto* combo1 = child<QComboBox>(form(), "Combo1");
-    ASSERT_TRUE(child<QGroupBox>(form(), "Frame3")->isVisible());
     ASSERT_EQ(combo1->count(), 1);
     messages.shown.clear();
     combo1->setCurrentIndex(0);
     emit combo1->activated(0);
-    QTRY_COMPARE(messages.shown.size(), std::size_t{1});
-    EXPECT_EQ(messages.shown[0].text,
-              "Non ancora disponibile in questa versione:  GESTIONE  MODULO ");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !messages.shown.empty(); }));
+    EXPECT_EQ(shown_texts(), std::vector<std::string>{
+                                 "Non ancora disponibile in questa versione:  GESTIONE  MODULO "});
     // A heading of the names' list is no module.
     auto* combo2 = child<QComboBox>(form(), "Combo2");
-    ASSERT_GT(combo2->count(), 0);
-    EXPECT_EQ(combo2->itemData(0).toLongLong(), 0);
+    ASSERT_EQ(combo2->itemData(0).toLongLong(), 0);
     combo2->setCurrentIndex(0);
     emit combo2->activated(0);
     EXPECT_EQ(combo2->currentIndex(), -1);

@@ -8,41 +8,13 @@
 #include "bus/virtual_line.hpp"
 #include "platform/pty.hpp"
 #include "platform/serial_port.hpp"
+#include "support/fake_serial_port.hpp"
 #include "support/temp_dir.hpp"
 
 namespace filo::bus {
 namespace {
 
-// A port whose device echoes the search digits, stays silent, or is gone.
-enum class Device { Programmer, Silent, Missing, Modem, Busy };
-
-class FakePort final : public platform::SerialPort {
-  public:
-    FakePort(std::string name, Device device, VirtualClock& clock)
-        : name_(std::move(name)), device_(device), clock_(clock) {}
-    const std::string& name() const override { return name_; }
-    int descriptor() const override { return -1; }
-    void write(std::string_view bytes) override {
-        if (device_ == Device::Programmer && bytes == "0123") pending_ += "0123";
-        if (device_ == Device::Modem)
-            pending_ += std::string(bytes) + "OK\r";  // echoes all, answers AT
-    }
-    bool read(std::string& into, double timeout) override {
-        if (pending_.empty()) {
-            clock_.advance_to(clock_.now() + timeout);
-            return false;
-        }
-        into += pending_;
-        pending_.clear();
-        return true;
-    }
-
-  private:
-    std::string name_;
-    Device device_;
-    VirtualClock& clock_;
-    std::string pending_;
-};
+using testing::Device;
 
 class SearchTest : public ::testing::Test {
   protected:
@@ -55,7 +27,9 @@ class SearchTest : public ::testing::Test {
                 if (!devices_.count(path) || devices_[path] == Device::Missing)
                     throw platform::PortError(path, "no such device");
                 if (devices_[path] == Device::Busy) throw platform::PortBusy(path);
-                return std::make_unique<FakePort>(path, devices_[path], clock_);
+                return std::make_unique<testing::FakeSerialPort>(
+                    path, devices_[path],
+                    [this](double t) { clock_.advance_to(clock_.now() + t); });
             });
     }
     VirtualClock clock_;

@@ -82,13 +82,5 @@ TEST(CommandPoint, NumberNameKindAndClassFollowTheEvent) {
     EXPECT_EQ(compose_command(*decode_command_item(1300007), relay).COMANDO_DI_RGB, "DI_RGB");
 }
 
-TEST(UserPoint, KeyNumberNameAndKind) {
-    UserPoint u = compose_user({"002B15", "3", "Luce cucina ", "I00", "DIMMER"});
-    EXPECT_EQ(u.identificativoRX, "002B15/3");
-    EXPECT_EQ(u.numero_uscita, "3");
-    EXPECT_EQ(u.nick_ricevente, "Luce cucina ");
-    EXPECT_EQ(u.TIPO_UTILIZZATORE, "DIMMER");
-}
-
 }  // namespace
 }  // namespace filo::links

@@ -126,36 +126,7 @@ TEST(LinkImage, StoredFormsBecomeBusBytes) {
     }
 }
 
-TEST(LinkImage, RowsWithoutReceiverSendNothing) {
-    store::LinkRow second;
-    second.note = "SECONDA PAGINA";
-    second.dato13 = "001044";
-    EXPECT_EQ(link_image(second).RECORD_LINK, "");
-    store::LinkRow regulated = worked_link();
-    regulated.identificativoTX = "000519/1";
-    EXPECT_TRUE(link_image(regulated).regulator_source);
-    regulated.nick_trasmittente = "SECONDA RIGA";
-    EXPECT_FALSE(link_image(regulated).regulator_source);
-}
-
 using LinkImageTableTest = testing::StoreTest;
-
-TEST_F(LinkImageTableTest, ReadsEachRowOfTheTableAnew) {
-    store::LinkTable links(project);
-    links.LINK_CORRENTE = worked_link();
-    links.LINK_CORRENTE.on_ = "/100";
-    links.AGGIUNGI_LINK();
-    links.LEGGI_LINK();
-    sql("UPDATE associazioni SET off_ = '/000'");  // after the table was loaded
-    LinkImage image;
-    ASSERT_TRUE(LEGGIprossimoLINK(links, 1, image));
-    EXPECT_EQ(fields(image.RECORD_LINK).on_, 251);
-    EXPECT_EQ(fields(image.RECORD_LINK).off_, 9);
-    sql("DELETE FROM associazioni");
-    image.RECORD_LINK = "kept";
-    EXPECT_FALSE(LEGGIprossimoLINK(links, 1, image));
-    EXPECT_EQ(image.RECORD_LINK, "kept");
-}
 
 }  // namespace
 }  // namespace filo::links

@@ -50,21 +50,11 @@ TEST_F(DescriptionsTest, OptionsPageShowsStoredValuesOrDefaults) {
          "001002003004005006",
          {"Intervallo avviso presenza  =1", "Intervallo lettura dato analogico e di sicurezza=2",
           "Tempo anti-rimbalzo  =3"}},
-        {"00040D", "000000000000000000", {"Intervallo avviso presenza  =0"}},
-        {"00050B",
-         "000000000000000000",
-         {"Intervallo avviso presenza  =0", "Intervallo lettura dato analogico e di sicurezza=0",
-          "Tempo anti-rimbalzo  =020", "Luminosità segnapasso=0", "Luminosità=0"}},
         {"000650", "000000000000000000", {"Tempo tra due letture della temperatura  (Sec)  =040"}},
         {"00074A",
          "000000000000000000",
          {"Intervallo avviso presenza  =0", "Intervallo lettura dato analogico e di sicurezza=0",
           "Tempo anti-rimbalzo  =020", "VALORE FINESTRA ROLLING-CODE=030"}},
-        {"000824",
-         "000000000000000000",
-         {"LUX a cui  si attiva EMERGENZA =0", "Percentuale di potenza in EMERGENZA=0",
-          "LUX a cui  si attiva CREPUSCOLARE  =0", "Percentuale di potenza in CREPUSCOLARE =0",
-          "Tempo ritardo attivazione CREPUSCOLARE =0"}},
         {"000919",
          "000000000000000000",
          {"Intervallo avviso presenza  =0", "Valore della tolleranza del controllo=005",
@@ -192,42 +182,16 @@ TEST_F(DescriptionsTest, WindowCaptions) {
     WindowLayout led = window_layout(*find_type("0B"), "00010B", italian);
     EXPECT_EQ(led.input_captions[6], "Ingresso 6");
     EXPECT_EQ(led.input_captions[7], "");
-    EXPECT_EQ(led.output_captions[6], "Led 6");
     EXPECT_EQ(led.output_captions[7], "Segna-passo ");
-    EXPECT_EQ(led.output_captions[8], "Notte  ");
-
-    WindowLayout relay = window_layout(*find_type("11"), "000111", italian);
-    EXPECT_EQ(relay.output_captions[2], "Relè 2");
-    EXPECT_EQ(relay.output_captions[3], "Relè vituale 3");
-    EXPECT_EQ(window_layout(*find_type("19"), "000119", italian).input_captions[1], "Sensore ");
+    EXPECT_EQ(window_layout(*find_type("11"), "000111", italian).output_captions[3],
+              "Relè vituale 3");
     EXPECT_EQ(window_layout(*find_type("26"), "000126", italian).output_captions[4], "");
-    EXPECT_EQ(window_layout(*find_type("26"), "000126", italian).output_captions[5], "Virtuale 5");
-
     const ModuleType& video = *find_type("23");
-    EXPECT_EQ(window_layout(video, "FFF023", italian).input_captions[1], "Icona n° 1");
     EXPECT_EQ(window_layout(video, "FFF123", italian).output_captions[8],
               "Evento 116 sul videocitofono");
-    EXPECT_EQ(window_layout(video, "FFF223", italian).output_captions[4],
-              "Evento prioritario 250 sul videocitofono");
     WindowLayout fourth = window_layout(video, "FFF323", italian);
     EXPECT_EQ(fourth.input_captions[5], "Cronotermostato n° 205");
-    EXPECT_EQ(fourth.input_captions[6], "Timer n° 51");
     EXPECT_EQ(fourth.output_captions[2], "Analogico152 sul videocitofono");
-    EXPECT_EQ(fourth.output_captions[3], "");
-}
-
-TEST_F(DescriptionsTest, InputOptionsByKind) {
-    texts::LanguageTables t;
-    auto v = input_parameters('V');
-    ASSERT_EQ(v.size(), 3u);
-    EXPECT_EQ(v[2].default_value, "060");
-    EXPECT_EQ(t[v[1].caption], "Tempo tra le trasmissioni dei valori (Decimi di Sec) ");
-    EXPECT_EQ(input_parameters('T')[0].field, 2);
-    EXPECT_EQ(input_parameters('L')[0].default_value, "100");
-    EXPECT_EQ(input_parameters('X')[0].default_value, "040");
-    EXPECT_EQ(input_parameters('G')[0].default_value, "");
-    EXPECT_TRUE(input_parameters('P').empty());
-    EXPECT_TRUE(input_parameters('F').empty());
 }
 
 }  // namespace

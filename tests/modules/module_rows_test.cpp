@@ -56,33 +56,36 @@ TEST_F(ModuleRowsTest, NewModuleRowsOfEachType) {
 }
 
 TEST_F(ModuleRowsTest, TypeDependentMarks) {
-    table.CODICE_MODULO = "000112";
-    prepare_new_module(table);
-    EXPECT_EQ(table.RIGHE_MODULO.riga(9).modo[17],
-              '1');  // each relay has the other's RECIPROCO bit
-    EXPECT_EQ(table.RIGHE_MODULO.riga(10).modo[16], '1');
-    EXPECT_EQ(table.RIGHE_MODULO.riga(11).modo, "I00000000000000000000000");
-
-    table.CODICE_MODULO = "000215";
-    prepare_new_module(table);
-    EXPECT_EQ(table.RIGHE_MODULO.riga(9).modo, "I00000000000000000000000");
-    EXPECT_EQ(table.RIGHE_MODULO.riga(9).connesso, "........");
-
-    table.CODICE_MODULO = "000325";
-    prepare_new_module(table);
-    EXPECT_EQ(table.RIGHE_MODULO.riga(1).connesso, "........");
-    EXPECT_EQ(table.RIGHE_MODULO.riga(32).connesso, ".E......");
-
-    table.CODICE_MODULO = "000426";
-    prepare_new_module(table);
-    EXPECT_EQ(table.RIGHE_MODULO.riga(3).connesso, ".E......");
-    EXPECT_EQ(table.RIGHE_MODULO.riga(16).connesso, ".E......");
-
-    table.CODICE_MODULO = "00051A";
-    prepare_new_module(table);
-    EXPECT_EQ(table.RIGHE_MODULO.riga(1).connesso, ".G......");  // generic reader
-    EXPECT_EQ(table.RIGHE_MODULO.riga(2).connesso, "........");
-
+    struct Case {
+        const char* code;
+        int row;
+        std::string store::NickRow::*column;
+        const char* value;
+    } cases[] = {
+        // Each relay of the 2-relay module has the other's RECIPROCO bit.
+        {"000112", 9, &store::NickRow::modo,
+         "I0000000"
+         "00000000"
+         "01000000"},
+        {"000112", 10, &store::NickRow::modo,
+         "I0000000"
+         "00000000"
+         "10000000"},
+        {"000112", 11, &store::NickRow::modo, "I00000000000000000000000"},
+        {"000215", 9, &store::NickRow::modo, "I00000000000000000000000"},
+        {"000215", 9, &store::NickRow::connesso, "........"},
+        {"000325", 1, &store::NickRow::connesso, "........"},
+        {"000325", 32, &store::NickRow::connesso, ".E......"},
+        {"000426", 3, &store::NickRow::connesso, ".E......"},
+        {"000426", 16, &store::NickRow::connesso, ".E......"},
+        {"00051A", 1, &store::NickRow::connesso, ".G......"},  // generic reader
+        {"00051A", 2, &store::NickRow::connesso, "........"},
+    };
+    for (const Case& c : cases) {
+        table.CODICE_MODULO = c.code;
+        ASSERT_TRUE(prepare_new_module(table));
+        EXPECT_EQ(table.RIGHE_MODULO.riga(c.row).*c.column, c.value) << c.code << " " << c.row;
+    }
     std::string letter = "PX";
     table.CODICE_MODULO = "00061F";
     CREA_RIGHE_INGRESSI(table, "INPUT", letter);
@@ -92,25 +95,17 @@ TEST_F(ModuleRowsTest, TypeDependentMarks) {
 TEST_F(ModuleRowsTest, VideoDoorPagesAreMadeTogetherOnce) {
     CREA_VIDEOCITOFONO(table);
     EXPECT_EQ(table.CODICE_MODULO, "FFF023");
-    EXPECT_EQ(count("SELECT COUNT(*) FROM nick"), 64);
-    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = 'FFF323' AND modo LIKE 'z%' AND "
-                    "campo+0 <= 8"),
-              8);
-    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = 'FFF123' AND modo LIKE 'v%' AND "
-                    "campo+0 <= 8"),
-              8);
-    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = 'FFF223' AND tipologia = 'VCITOF'"),
-              8);
-    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE note = 'PAGINA 2 VIDEOCITOFONO'"), 16);
-    EXPECT_EQ(
-        count(
-            "SELECT COUNT(*) FROM nick WHERE codice = 'FFF323' AND note = 'TIMER  VIDEOCITOFONO'"),
-        3);
-    EXPECT_EQ(
-        count(
-            "SELECT COUNT(*) FROM nick WHERE codice = 'FFF323' AND note = 'LIBERO  VIDEOCITOFONO'"),
-        6);
-
+    const std::pair<const char*, int> counts[] = {
+        {"1", 64},
+        {"codice = 'FFF323' AND modo LIKE 'z%' AND campo+0 <= 8", 8},
+        {"codice = 'FFF123' AND modo LIKE 'v%' AND campo+0 <= 8", 8},
+        {"codice = 'FFF223' AND tipologia = 'VCITOF'", 8},
+        {"note = 'PAGINA 2 VIDEOCITOFONO'", 16},
+        {"codice = 'FFF323' AND note = 'TIMER  VIDEOCITOFONO'", 3},
+        {"codice = 'FFF323' AND note = 'LIBERO  VIDEOCITOFONO'", 6},
+    };
+    for (const auto& [where, n] : counts)
+        EXPECT_EQ(count(std::string("SELECT COUNT(*) FROM nick WHERE ") + where), n) << where;
     // The first page standing for all: a missing fourth page is not made again.
     sql("UPDATE nick SET codice = 'FFF3FF' WHERE codice = 'FFF323'");
     CREA_VIDEOCITOFONO(table);

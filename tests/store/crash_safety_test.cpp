@@ -17,7 +17,9 @@
 namespace filo::store {
 namespace {
 
-[[noreturn]] void write_until_killed(const std::filesystem::path& file) {
+// Tells `ready` once the first module is written, so that a loaded machine
+// cannot kill the writer before it wrote anything.
+[[noreturn]] void write_until_killed(const std::filesystem::path& file, int ready) {
     Project project;
     project.open(file);
     ModuleTable table(project);
@@ -32,6 +34,11 @@ namespace {
         table.CODICE_MODULO = code;
         for (auto& r : table.RIGHE_MODULO.rows) r.nick = "Punto " + r.campo + " ";
         table.MODIFICA_MODULO();
+        if (ready >= 0) {
+            (void)!::write(ready, "1", 1);
+            ::close(ready);
+            ready = -1;
+        }
     }
 }
 
@@ -39,10 +46,16 @@ TEST(CrashSafety, AKilledWriterLeavesWholeModules) {
     testing::TempDir dir;
     const auto file = testing::make_empty_project(dir.path());
     for (int attempt = 0; attempt < 5; ++attempt) {
+        int ready[2];
+        ASSERT_EQ(::pipe(ready), 0);
         pid_t child = ::fork();
         ASSERT_GE(child, 0);
-        if (child == 0) write_until_killed(file);
-        std::this_thread::sleep_for(std::chrono::milliseconds(150 + 37 * attempt));
+        if (child == 0) write_until_killed(file, ready[1]);
+        ::close(ready[1]);
+        char byte = 0;
+        EXPECT_EQ(::read(ready[0], &byte, 1), 1);
+        ::close(ready[0]);
+        std::this_thread::sleep_for(std::chrono::milliseconds(20 + 37 * attempt));
         ::kill(child, SIGKILL);
         int status = 0;
         ::waitpid(child, &status, 0);

@@ -207,25 +207,5 @@ TEST_F(LinkQueriesTest, EventsStillGivenAndNamesOfAModule) {
     EXPECT_EQ(queries.NOMI_PRESENTI[7], "Dimmer");
 }
 
-TEST_F(LinkQueriesTest, NamesRepeatedInOneWindowTurnRed) {
-    struct Case {
-        std::vector<std::string> outputs, inputs;
-        std::string found;
-        std::vector<int> red_outputs, red_inputs;
-    } cases[] = {
-        {{"Luce", "Luce"}, {}, "SI", {1, 2}, {}},
-        {{"A"}, {"Tasto", "x", "Tasto"}, "SI", {}, {1, 3}},
-        {{"Luce"}, {"Luce"}, "NO", {}, {}},    // an input and an output may share it
-        {{"Luce", "luce"}, {}, "NO", {}, {}},  // with case
-        {{"", ""}, {"", ""}, "NO", {}, {}},
-    };
-    for (const Case& c : cases) {
-        RepeatedNames r = CERCA_DOPPI(c.outputs, c.inputs);
-        EXPECT_EQ(r.NOME_DOPPIO_TROVATO, c.found);
-        EXPECT_EQ(r.red_outputs, c.red_outputs);
-        EXPECT_EQ(r.red_inputs, c.red_inputs);
-    }
-}
-
 }  // namespace
 }  // namespace filo::store

@@ -60,25 +60,6 @@ TEST_F(LinkRepairsTest, DeletingAModuleTakesEveryLinkWithAnEndInIt) {
     EXPECT_EQ(link_ids(), (std::vector<std::int64_t>{8, 9, 10, 11, 15}));
 }
 
-TEST_F(LinkRepairsTest, RenumberingMovesBothEndsAndKeepsNamesAndTypes) {
-    house();
-    link("00030B/1", "Dimmer ", "000211/1", "Pulsante");
-    link("000211/1", "Luce ", "00030B/1", "Tasto");
-    link("000211/3", "Spia ", "000211/2", "Tenuto");
-    table.LEGGI_MODULO("00030B");
-    table.CODICE_MODULO = "00030B";
-    renumber_module_and_links(table, repairs, "0A0C");
-    EXPECT_EQ(table.CODICE_MODULO, "0A0C0B");
-    auto q = project.database().prepare(
-        "SELECT identificativoRX, identificativoTX, nick_ricevente FROM associazioni ORDER BY ID");
-    std::vector<std::string> got;
-    while (q.step()) got.push_back(q.text(0) + " " + q.text(1) + " " + q.text(2));
-    EXPECT_EQ(got, (std::vector<std::string>{"0A0C0B/1 000211/1 Dimmer ", "000211/1 0A0C0B/1 Luce ",
-                                             "000211/3 000211/2 Spia "}));
-    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = '0A0C0B'"), 9);
-    EXPECT_TRUE(check_integrity(project).empty());
-}
-
 TEST_F(LinkRepairsTest, AfterRenameRenumberAndDeleteNoLinkPointsAtWhatIsGone) {
     house();
     add_module(table, "00011F", 9, "Presa");

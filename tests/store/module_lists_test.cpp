@@ -63,25 +63,6 @@ TEST_F(ModuleListsTest, DeletedModulesAreLeftOut) {
     EXPECT_EQ(lists.by_name[0].item_data, 0);
 }
 
-TEST_F(ModuleListsTest, AnEmptyProjectHasEmptyLists) {
-    table.N_PROGRESSIVO = 5;
-    ModuleLists lists = table.ELENCO_MODULI();
-    EXPECT_TRUE(lists.by_code.empty());
-    EXPECT_TRUE(lists.by_name.empty());
-    EXPECT_EQ(table.PROGETTO_VUOTO, "SI");
-    EXPECT_EQ(table.N_PROGRESSIVO, 5);
-}
-
-TEST_F(ModuleListsTest, EqualNamesComeInRowOrder) {
-    add_module(table, "00021F", 9, "b");
-    add_module(table, "00011F", 9, "a");
-    sql("UPDATE nick SET nick = 'Luce ' WHERE campo = '9'");
-    ModuleLists lists = table.ELENCO_MODULI();
-    ASSERT_EQ(lists.by_name.size(), 4u);  // the INPUT group of the unnamed inputs, then RELE
-    EXPECT_EQ(lists.by_name[2].text, "00021F/1   Luce ");
-    EXPECT_EQ(lists.by_name[3].text, "00011F/1   Luce ");
-}
-
 TEST_F(ModuleListsTest, ANameIsADuplicateOnlyAgainstALivePointOfTheSameSide) {
     add_module(table, "00011F", 16, "a");
     add_module(table, "00021F", 16, "b");

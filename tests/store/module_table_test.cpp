@@ -22,15 +22,6 @@ TEST_F(ModuleTableTest, ReadsAModuleInIdOrderWithItsNumber) {
     EXPECT_EQ(table.RIGHE_MODULO.M_NICK_NUMERICO, "2");
 }
 
-TEST_F(ModuleTableTest, AnUnknownCodeLeavesTheRecordAsItWas) {
-    add_module(table, "00011F", 16, "Quadro cucina");
-    table.LEGGI_MODULO("00011F");
-    table.LEGGI_MODULO("0099AA");
-    EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
-    EXPECT_EQ(table.RIGHE_MODULO.N_RIGHE_MODULO(), 16);
-    EXPECT_EQ(table.RIGHE_MODULO.riga(1).codice, "00011F");
-}
-
 TEST_F(ModuleTableTest, ShortAndNullFieldsReadAsTheirDefaults) {
     add_module(table, "00011F", 16, "Relè");
     add_module(table, "00021E", 16, "Pannello");
@@ -57,18 +48,6 @@ TEST_F(ModuleTableTest, ShortAndNullFieldsReadAsTheirDefaults) {
     EXPECT_EQ(table.RIGHE_MODULO.riga(1).riserva2, "0123456789");
     EXPECT_EQ(table.RIGHE_MODULO.riga(1).riserva3, "1");
     EXPECT_EQ(table.RIGHE_MODULO.riga(1).riserva4, "12");
-}
-
-TEST_F(ModuleTableTest, ParametersOnRowOneMarkTheModuleAsSet) {
-    add_module(table, "00011F", 16, "");
-    sql("UPDATE nick SET riserva3 = '00000000005000000000000000' WHERE campo = '1'");
-    table.LEGGI_MODULO("00011F");
-    EXPECT_EQ(table.RISERVA3_RIGA1_USATA, "SI");
-    EXPECT_EQ(table.RISERVA3_RIGHE23_USATE, "");
-    // The flags start clear on each read.
-    sql("UPDATE nick SET riserva3 = '00000000000000000000000000' WHERE campo = '1'");
-    table.LEGGI_MODULO("00011F");
-    EXPECT_EQ(table.RISERVA3_RIGA1_USATA, "");
 }
 
 TEST_F(ModuleTableTest, AddingNumbersRowsOnFromOneAndKeepsTheModuleNumber) {
@@ -105,20 +84,6 @@ TEST_F(ModuleTableTest, ChangesAreWrittenBackRowByRow) {
     EXPECT_EQ(table.RIGHE_MODULO.M_NICK_NUMERICO, "1");
 }
 
-TEST_F(ModuleTableTest, AWriteThatCannotCompleteChangesNothing) {
-    add_module(table, "00011F", 16, "Quadro");
-    table.LEGGI_MODULO("00011F");
-    table.CODICE_MODULO = "00011F";
-    for (auto& r : table.RIGHE_MODULO.rows) r.nick = "cambiato ";
-    table.RIGHE_MODULO.rows.push_back(table.RIGHE_MODULO.rows.back());  // one row too many
-    EXPECT_THROW(table.MODIFICA_MODULO(), ProjectError);
-    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE nick <> ''"), 0);
-    // A module that isn't there is not written at all.
-    table.CODICE_MODULO = "0099AA";
-    table.MODIFICA_MODULO();
-    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE nick <> ''"), 0);
-}
-
 TEST_F(ModuleTableTest, DeletionMarksTheRowsAndFreesTheNumber) {
     add_module(table, "00011F", 16, "Quadro");
     sql("UPDATE nick SET nick = 'Luce ' WHERE campo = '9'");
@@ -141,18 +106,6 @@ TEST_F(ModuleTableTest, DeletionMarksTheRowsAndFreesTheNumber) {
     EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
 }
 
-TEST_F(ModuleTableTest, SavingWithDeletionMarksEachRowAsItIsWritten) {
-    add_module(table, "00011F", 16, "Quadro");
-    table.LEGGI_MODULO("00011F");
-    table.CODICE_MODULO = "00011F";
-    table.CANCELLA_IN_SALVATAGGIO = "SI";
-    table.MODIFICA_MODULO();
-    EXPECT_EQ(table.RIGHE_MODULO.riga(5).codice, "0001FF");
-    EXPECT_EQ(
-        count("SELECT COUNT(*) FROM nick WHERE codice = '0001FF' AND riserva = 'K' AND note = ''"),
-        16);
-}
-
 TEST_F(ModuleTableTest, InformationOfALiveModuleByNumberAndRow) {
     add_module(table, "00011F", 16, "Vecchio");
     table.LEGGI_MODULO("00011F");
@@ -169,20 +122,6 @@ TEST_F(ModuleTableTest, InformationOfALiveModuleByNumberAndRow) {
     table.LEGGI_INFORMAZIONE("0009", "3");
     EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
     EXPECT_EQ(table.INFO_NICK, "Campanello ");  // left as it was
-}
-
-TEST_F(ModuleTableTest, RowById) {
-    add_module(table, "00011F", 16, "Quadro");
-    sql("UPDATE nick SET riserva2 = '000000125' || substr(riserva2, 10), nick = 'Dimmer ' WHERE ID "
-        "= 12");
-    table.LEGGI_RIGA_ID(12);
-    EXPECT_EQ(table.RIGA_CODICE, "00011F");
-    EXPECT_EQ(table.RIGA_NUMERO_FILO, "4");
-    EXPECT_EQ(table.RIGA_NICK, "Dimmer ");
-    EXPECT_EQ(table.RIGA_NICK_NUMERICO, "1");
-    EXPECT_EQ(table.RIGA_VALORE7, 125);
-    table.LEGGI_RIGA_ID(999);
-    EXPECT_EQ(table.RIGA_NICK, "Dimmer ");
 }
 
 TEST_F(ModuleTableTest, ProgressiveNumberIsTheHighestSoFar) {

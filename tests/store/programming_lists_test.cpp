@@ -39,17 +39,6 @@ TEST_F(ProgrammingListsTest, RemotesAreNumberedOverTheWholeProject) {
     EXPECT_EQ(lists.MASCHERA_TELECOMANDI3, lists.MASCHERA_TELECOMANDI1);
 }
 
-TEST_F(ProgrammingListsTest, TheRemoteListStopsAtItsBound) {
-    for (int i = 0; i < 105; ++i) {
-        char code[7];
-        std::snprintf(code, sizeof code, "%04X28", i + 1);
-        add_module(table, code, 1, "Telecomando");
-    }
-    lists.LISTA_telecomandi();
-    EXPECT_EQ(lists.N_TELECOMANDI, ProgrammingLists::kMaxTelecomandi);
-    EXPECT_EQ(lists.TELECOMANDI.back().B, "64");  // remote 100
-}
-
 TEST_F(ProgrammingListsTest, TextsKeepTheirPlaceWhenAModuleOfTypeFfIsSkipped) {
     add_module(table, "00101E", 12, "Pannello", "OUT_SERIALE");
     add_module(table, "0020FF", 12, "Canale", "OUT_SERIALE");

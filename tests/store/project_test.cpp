@@ -64,28 +64,6 @@ TEST(ProjectOpening, RefusesWhatIsNotAProjectAndLeavesItUntouched) {
     }
 }
 
-TEST(ProjectOpening, NamesTheMissingColumns) {
-    TempDir dir;
-    {
-        sqlite::Connection c(dir / "p.TRN", sqlite::OpenMode::ReadWriteCreate);
-        c.exec(
-            "CREATE TABLE nick (ID INTEGER, codice TEXT, campo TEXT, numero_filo TEXT, nick TEXT, "
-            "note TEXT, nick_numerico INTEGER, modo TEXT, tipologia TEXT, connesso TEXT, riserva "
-            "TEXT, riserva2 TEXT, riserva3 TEXT)");
-        c.exec("CREATE TABLE associazioni (ID INTEGER)");
-    }
-    Project p;
-    try {
-        p.open(dir / "p.TRN");
-        FAIL();
-    } catch (const ProjectError& e) {
-        EXPECT_NE(e.detail().find("nick.riserva4"), std::string::npos) << e.detail();
-        EXPECT_NE(e.detail().find("associazioni.identificativoRX"), std::string::npos);
-        EXPECT_EQ(e.detail().find("dati_aggiuntivi1"), std::string::npos)
-            << "a missing dati_aggiuntivi1 is an upgrade, not a fault";
-    }
-}
-
 TEST(ProjectOpening, UpgradesAnOlderProjectMadeByAnotherTool) {
     TempDir dir;
     const auto file = dir / "vecchio.mdb";
@@ -117,44 +95,6 @@ TEST(ProjectOpening, UpgradesAnOlderProjectMadeByAnotherTool) {
     p.open(file);
     table.LEGGI_MODULO("00121F");
     EXPECT_EQ(table.RIGHE_MODULO.riga(1).dati_aggiuntivi1, "AB");
-}
-
-TEST(ProjectOpening, AProjectFromTheTemplateOpensWithoutChange) {
-    TempDir dir;
-    ProjectFiles files(dir.path());
-    ASSERT_EQ(files.create_project(dir / "casa.TRN"), ProjectFiles::Creation::Created);
-    const std::string before = read_file(dir / "casa.TRN");
-    Project p;
-    p.open(dir / "casa.TRN");
-    p.close();
-    EXPECT_EQ(read_file(dir / "casa.TRN"), before);
-}
-
-TEST(ProjectOpening, OpeningAgainReplacesTheConnection) {
-    TempDir dir;
-    auto a = testing::make_empty_project(dir.path(), "a");
-    auto b = testing::make_empty_project(dir.path(), "b");
-    Project p;
-    ModuleTable table(p);
-    p.open(a);
-    testing::add_module(table, "00011F", 16, "in A");
-    p.open(b);
-    EXPECT_EQ(p.NOME_PROGETTO, "b");
-    table.ELENCO_MODULI();
-    EXPECT_EQ(table.PROGETTO_VUOTO, "SI");
-    // A failed opening keeps the project that was open.
-    EXPECT_THROW(p.open(dir / "manca.TRN"), ProjectError);
-    ASSERT_TRUE(p.is_open());
-    p.open(a);
-    table.ELENCO_MODULI();
-    EXPECT_EQ(table.ELENCO_CODICI, std::vector<std::string>{"00011F"});
-}
-
-TEST(ProjectName, LosesExactlyFourCharactersOfTheFileTitle) {
-    EXPECT_EQ(project_name_of("/tmp/x/Villa Rossi.TRN"), "Villa Rossi");
-    EXPECT_EQ(project_name_of("/altrove/impianto.mdb"), "impianto");
-    EXPECT_EQ(project_name_of("a.b.TRN"), "a.b");
-    EXPECT_EQ(project_name_of("ab.c"), "");
 }
 
 TEST(ProjectFiles, RestoresTheEmptyProjectFromItsMasterCopy) {

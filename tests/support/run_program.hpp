@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -38,5 +39,13 @@ ChildProcess start_program(const std::string& program, const std::vector<std::st
 
 // Waits for the child to end: its exit code, 128 + the signal when killed.
 int wait_for_exit(pid_t pid);
+
+// The lines of a program's output, without their line breaks.
+inline std::vector<std::string> lines_of(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+}
 
 }  // namespace filo::testing

@@ -5,40 +5,28 @@
 #include <algorithm>
 #include <set>
 #include <string>
+#include <tuple>
 
 namespace filo::texts {
 namespace {
 
+std::string name_of(Language l, Text key) {
+    return std::string(language_code(l)) + " " + std::string(key_name(key));
+}
+
 TEST(LanguageTables, HoldsTheClassicItalianTableInItsOrder) {
     LanguageTables t;
+    EXPECT_EQ(t.SIGLA_LINGUA, "");  // Italian before any language is chosen
     EXPECT_EQ(kClassicTextCount, 362u);
     EXPECT_EQ(entries_of(Language::Italian), kClassicTextCount);
-    // Both ends and a few rows in between pin the order.
     EXPECT_EQ(t[Text::PORT_SEARCH_CONFLICT].substr(0, 17), "Altre periferiche");
-    EXPECT_EQ(t[Text::MENU_OPEN_PROJECT], "Apri progetto ");
     EXPECT_EQ(t[Text::PROJECT_EXISTS], " Questo progetto esiste già");
-    EXPECT_EQ(t[Text::PROJECT_MISSING], " Questo progetto non esiste");
     EXPECT_EQ(t[Text::SELECT_NUMBER], "Seleziona n°");
-    EXPECT_EQ(t[Text::LINK_CONNECT], "COLLEGA");
     EXPECT_EQ(t[Text::HELP_MODULE_CONFIGURE_2], "Accedi alla configurazione del modulo");
     EXPECT_EQ(static_cast<std::size_t>(Text::HELP_MODULE_CONFIGURE_2), kClassicTextCount - 1);
-    // Composed entries keep their line breaks and inner blanks.
     EXPECT_EQ(t[Text::HELP_LEVEL_SMART],
               "LIVELLO DI PROGRAMMAZIONE SMART\n"
               "Semplifica al massimo le operazioni, adatto per iniziare ");
-    EXPECT_EQ(t[Text::NEW_PROJECT_CREATE], "CREA ");
-    EXPECT_EQ(t[Text::UNIT_PERCENT], "% ");
-}
-
-TEST(LanguageTables, EveryEntryHasAKeyOfItsOwnAndItalianText) {
-    std::set<std::string> keys;
-    LanguageTables t;
-    for (std::size_t i = 0; i < kTextCount; ++i) {
-        auto key = static_cast<Text>(i);
-        EXPECT_TRUE(keys.insert(std::string(key_name(key))).second) << key_name(key);
-        EXPECT_FALSE(t[key].empty()) << key_name(key);
-        EXPECT_TRUE(has_text(Language::Italian, key));
-    }
 }
 
 TEST(LanguageTables, TellingRowsInEveryLanguage) {
@@ -49,54 +37,58 @@ TEST(LanguageTables, TellingRowsInEveryLanguage) {
         {Text::TITLE_WARNING, {"ATTENZIONE", "ATENCION", "ATTENTION", "ACHTUNG"}},
         {Text::MENU_OPEN_PROJECT,
          {"Apri progetto ", "Abre proyecto ", "Ouvrir un projet ", "Öffnen "}},
-        {Text::LINK_CONNECT, {"COLLEGA", "CONECTA", "Connecter", "VERKNÜPFE"}},
         {Text::OPERATION_NOT_ALLOWED,
          {"OPERAZIONE NON CONSENTITA", "OPERACIÓN NO PERMITIDA", "Opération non autorisée",
           "VORGANG IST NICHT ERLAUBT"}},
     };
     for (Language l : kLanguages) {
         LanguageTables t;
+        t.SPAGNOLO();
         t.choose(l);
         EXPECT_EQ(t.SIGLA_LINGUA, language_code(l));
         for (const Row& r : rows)
-            EXPECT_EQ(t[r.key], r.text[static_cast<int>(l)])
-                << key_name(r.key) << " " << t.SIGLA_LINGUA;
+            EXPECT_EQ(t[r.key], r.text[static_cast<int>(l)]) << name_of(l, r.key);
     }
 }
 
 TEST(LanguageTables, AMissingEntryKeepsTheTextOfTheLanguageChosenBefore) {
     for (Language before : kLanguages) {
+        LanguageTables first;
+        first.choose(before);
         for (Language now : kLanguages) {
-            LanguageTables expected_before;
-            expected_before.choose(before);
-            LanguageTables t;
+            LanguageTables direct, t;
+            direct.choose(now);
             t.choose(before);
             t.choose(now);
             for (std::size_t i = 0; i < kTextCount; ++i) {
-                auto key = static_cast<Text>(i);
-                if (has_text(now, key)) {
-                    LanguageTables direct;
-                    direct.choose(now);
-                    EXPECT_EQ(t[key], direct[key]);
-                } else {
-                    EXPECT_EQ(t[key], expected_before[key]) << key_name(key);
-                }
+                const auto key = static_cast<Text>(i);
+                EXPECT_EQ(t[key], has_text(now, key) ? direct[key] : first[key])
+                    << name_of(before, key) << " then " << language_code(now);
             }
         }
     }
-}
-
-// The keys of the classic table that a language has no text for.
-std::set<std::string> lacking(Language language) {
-    std::set<std::string> keys;
-    for (std::size_t i = 0; i < kClassicTextCount; ++i)
-        if (!has_text(language, static_cast<Text>(i)))
-            keys.insert(std::string(key_name(static_cast<Text>(i))));
-    return keys;
+    // As the installer sees it, for a few entries French lacks.
+    struct Case {
+        Language before;
+        Text key;
+        std::string_view shown;
+    } cases[] = {
+        {Language::Italian, Text::UNIT_DEGREES_ROOM, "gradi C°"},
+        {Language::Spanish, Text::UNIT_AMPERE, "Amperios "},
+        {Language::German, Text::UNIT_DEGREES_ROOM, "Grad °C"},
+    };
+    for (const Case& c : cases) {
+        LanguageTables t;
+        t.choose(c.before);
+        t.FRANCESE();
+        EXPECT_EQ(t[c.key], c.shown) << name_of(c.before, c.key);
+    }
 }
 
 TEST(LanguageTables, EachLanguageLacksExactlyItsOwnEntries) {
     // Spanish and German have no card reader: its reading modes and its name.
+    // French has the modes but not the name, nor anything from the newer
+    // module types to the end of the classic table.
     const std::set<std::string> card_reader = {"READER_ACTIVE_WHILE_READING",
                                                "READER_TOGGLE",
                                                "READER_ON_WHEN_READING",
@@ -105,28 +97,25 @@ TEST(LanguageTables, EachLanguageLacksExactlyItsOwnEntries) {
                                                "READER_ON_WHEN_NO_LONGER_READING",
                                                "READER_OFF_WHEN_NO_LONGER_READING",
                                                "MODULE_NAME_CARD_READER"};
-    // French has the reading modes but not the reader's name, nor anything
-    // from the newer module types to the end of the table.
     std::set<std::string> french = {"MODULE_NAME_CARD_READER"};
     for (auto i = static_cast<std::size_t>(Text::MODULE_NAME_2_TRIACS_3_INPUTS);
          i < kClassicTextCount; ++i)
         french.insert(std::string(key_name(static_cast<Text>(i))));
-
-    struct Row {
-        Language language;
-        std::size_t entries;
-        std::set<std::string> lacks;
-    } rows[] = {
-        {Language::Italian, kClassicTextCount, {}},
-        {Language::Spanish, kClassicTextCount - 8, card_reader},
-        {Language::French, kClassicTextCount - 55, french},
-        {Language::German, kClassicTextCount - 8, card_reader},
-    };
-    for (const Row& r : rows) {
-        EXPECT_EQ(entries_of(r.language), r.entries) << language_code(r.language);
-        EXPECT_EQ(lacking(r.language), r.lacks) << language_code(r.language);
-    }
     EXPECT_EQ(french.size(), 55u);
+    const std::pair<Language, std::set<std::string>> rows[] = {
+        {Language::Italian, {}},
+        {Language::Spanish, card_reader},
+        {Language::French, french},
+        {Language::German, card_reader},
+    };
+    for (const auto& [language, lacks] : rows) {
+        std::set<std::string> lacking;
+        for (std::size_t i = 0; i < kClassicTextCount; ++i)
+            if (!has_text(language, static_cast<Text>(i)))
+                lacking.insert(std::string(key_name(static_cast<Text>(i))));
+        EXPECT_EQ(lacking, lacks) << language_code(language);
+        EXPECT_EQ(entries_of(language), kClassicTextCount - lacks.size()) << language_code(language);
+    }
 }
 
 TEST(LanguageTables, FixedCaptionsStayItalianAndTheProgramsOwnMessagesAreTranslated) {
@@ -161,68 +150,22 @@ TEST(LanguageTables, FixedCaptionsStayItalianAndTheProgramsOwnMessagesAreTransla
     }
 }
 
-TEST(LanguageTables, FrenchShowsWhatTheInstallerSawBeforeWhereItHasNoText) {
-    struct Case {
-        Language before;
-        Language now;
-        Text key;
-        std::string_view shown;
-    } cases[] = {
-        {Language::Italian, Language::French, Text::UNIT_AMPERE, "Ampere "},
-        {Language::Italian, Language::French, Text::UNIT_DEGREES_ROOM, "gradi C°"},
-        {Language::Italian, Language::French, Text::MODULE_NAME_LED_DRIVER, "MODULO PILOTA LED"},
-        {Language::Spanish, Language::French, Text::UNIT_AMPERE, "Amperios "},
-        {Language::Spanish, Language::French, Text::UNIT_DEGREES_ROOM, "grados °C"},
-        {Language::German, Language::French, Text::UNIT_DEGREES_ROOM, "Grad °C"},
-        {Language::Spanish, Language::French, Text::MODULE_NAME_CARD_READER,
-         "MODULO LETTORE DI BADGE"},
-        // The card reader's modes go the other way: French has them, Spanish not.
-        {Language::French, Language::Spanish, Text::READER_TOGGLE,
-         "La lecture agit en télérupteur"},
-        {Language::Italian, Language::German, Text::READER_TOGGLE, "Lettura fa passo passo"},
-    };
-    for (const Case& c : cases) {
-        LanguageTables t;
-        t.choose(c.before);
-        t.choose(c.now);
-        EXPECT_EQ(t[c.key], c.shown) << language_code(c.before) << " then " << language_code(c.now)
-                                     << " " << key_name(c.key);
-    }
-    // The entries French has are French whatever came before.
-    LanguageTables t;
-    t.SPAGNOLO();
-    t.FRANCESE();
-    EXPECT_EQ(t[Text::MENU_OPEN_PROJECT], "Ouvrir un projet ");
-    EXPECT_EQ(t[Text::CONTACT_NC], "N.F.");
-}
-
-std::size_t leading_blanks(std::string_view s) {
+std::size_t blanks(std::string_view s, bool leading) {
     std::size_t n = 0;
-    while (n < s.size() && s[n] == ' ') ++n;
-    return n;
-}
-std::size_t trailing_blanks(std::string_view s) {
-    std::size_t n = 0;
-    while (n < s.size() && s[s.size() - 1 - n] == ' ') ++n;
+    while (n < s.size() && s[leading ? n : s.size() - 1 - n] == ' ') ++n;
     return n;
 }
 
-// Whether s is well-formed UTF-8 (the texts are converted to the panel's
-// 8-bit set from UTF-8, so a stray byte of another encoding is a fault).
+// Whether s is well-formed UTF-8: the texts are converted to the panel's
+// 8-bit set from UTF-8, so a stray byte of another encoding is a fault.
 bool is_utf8(std::string_view s) {
     for (std::size_t i = 0; i < s.size();) {
         const auto lead = static_cast<unsigned char>(s[i]);
-        std::size_t follow = 0;
-        if (lead >= 0x80) {
-            if ((lead & 0xE0) == 0xC0)
-                follow = 1;
-            else if ((lead & 0xF0) == 0xE0)
-                follow = 2;
-            else if ((lead & 0xF8) == 0xF0)
-                follow = 3;
-            else
-                return false;
-        }
+        const std::size_t follow = lead < 0x80             ? 0
+                                   : (lead & 0xE0) == 0xC0 ? 1
+                                   : (lead & 0xF0) == 0xE0 ? 2
+                                   : (lead & 0xF8) == 0xF0 ? 3
+                                                           : s.size();
         if (s.size() - i <= follow) return false;
         for (std::size_t k = 1; k <= follow; ++k)
             if ((static_cast<unsigned char>(s[i + k]) & 0xC0) != 0x80) return false;
@@ -231,59 +174,45 @@ bool is_utf8(std::string_view s) {
     return true;
 }
 
-TEST(LanguageTables, EveryTranslationKeepsTheLayoutOfTheItalian) {
+TEST(LanguageTables, EveryEntryIsReadableAndKeepsTheLayoutOfTheItalian) {
     // Captions are laid out with their line breaks and outer blanks, so a
-    // translation keeps them all; an entry of blanks only stays blanks only.
+    // translation keeps them all; every key has a name of its own.
     LanguageTables italian;
+    std::set<std::string> keys;
+    for (std::size_t i = 0; i < kTextCount; ++i)
+        EXPECT_TRUE(keys.insert(std::string(key_name(static_cast<Text>(i)))).second) << i;
     for (Language l : kLanguages) {
         LanguageTables t;
         t.choose(l);
         for (std::size_t i = 0; i < kTextCount; ++i) {
             const auto key = static_cast<Text>(i);
-            if (!has_text(l, key)) continue;
-            const std::string_view ita = italian[key];
-            const std::string_view own = t[key];
-            SCOPED_TRACE(std::string(language_code(l)) + " " + std::string(key_name(key)));
+            const std::string_view ita = italian[key], own = t[key];
+            SCOPED_TRACE(name_of(l, key));
+            EXPECT_FALSE(own.empty());
+            EXPECT_TRUE(is_utf8(own));
             EXPECT_EQ(std::count(own.begin(), own.end(), '\n'),
                       std::count(ita.begin(), ita.end(), '\n'));
-            EXPECT_EQ(leading_blanks(own), leading_blanks(ita));
-            EXPECT_EQ(trailing_blanks(own), trailing_blanks(ita));
-        }
-    }
-}
-
-TEST(LanguageTables, EveryEntryIsReachableAndReadableInEveryLanguage) {
-    // What the windows read: the table after a language is chosen, key by key.
-    for (Language l : kLanguages) {
-        LanguageTables t;
-        t.choose(l);
-        for (std::size_t i = 0; i < kTextCount; ++i) {
-            const auto key = static_cast<Text>(i);
-            EXPECT_FALSE(t[key].empty()) << language_code(l) << " " << key_name(key);
-            EXPECT_TRUE(is_utf8(t[key])) << language_code(l) << " " << key_name(key);
+            EXPECT_EQ(blanks(own, true), blanks(ita, true));
+            EXPECT_EQ(blanks(own, false), blanks(ita, false));
         }
     }
     EXPECT_FALSE(is_utf8("Umidit\xe0"));  // the Latin-1 spelling the check is there to catch
 }
 
-TEST(LanguageTables, StartsInItalianWithNoLanguageChosen) {
-    LanguageTables t;
-    EXPECT_EQ(t.SIGLA_LINGUA, "");
-    EXPECT_EQ(t[Text::TITLE_WARNING], "ATTENZIONE");
-    t.SPAGNOLO();
-    t.ITALIANO();
-    EXPECT_EQ(t.SIGLA_LINGUA, "ITA");
-    EXPECT_EQ(t[Text::TITLE_WARNING], "ATTENZIONE");
-}
-
-TEST(LanguageCodes, AreReadWithoutRegardToCase) {
-    Language l = Language::Italian;
-    EXPECT_TRUE(language_from_code("ted", l));
-    EXPECT_EQ(l, Language::German);
-    EXPECT_TRUE(language_from_code("FRA", l));
-    EXPECT_EQ(l, Language::French);
-    EXPECT_FALSE(language_from_code("ENG", l));
-    EXPECT_FALSE(language_from_code("IT", l));
+TEST(LanguageCodes, AreReadWithoutRegardToCaseAndNameTheVoice) {
+    const std::tuple<const char*, bool, Language, const char*> cases[] = {
+        {"ted", true, Language::German, "de"},  {"FRA", true, Language::French, "fr"},
+        {"Spa", true, Language::Spanish, "es"}, {"ita", true, Language::Italian, "it"},
+        {"ENG", false, Language::Italian, ""},  {"IT", false, Language::Italian, ""},
+    };
+    for (const auto& [code, known, language, voice] : cases) {
+        Language l = Language::Italian;
+        EXPECT_EQ(language_from_code(code, l), known) << code;
+        EXPECT_EQ(l, language) << code;
+        if (known) {
+            EXPECT_EQ(speech_language(l), voice) << code;
+        }
+    }
 }
 
 }  // namespace
