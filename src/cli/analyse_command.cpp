@@ -59,7 +59,7 @@ void draw(Context& context, const std::string& path, bool written) {
 
 int analyse_output(Context& context, const AnalyseRequest& request) {
     store::Project project;
-    project.open(request.project);
+    project.open(request.project, store::Access::ReadOnly);
     const std::int64_t id = diagnostics::find_output(project, request.output);
     if (id == 0) throw UserError(context.texts.text(Text::OUTPUT_NOT_FOUND) + request.output);
     const diagnostics::OutputDiagram diagram =

@@ -133,7 +133,7 @@ int clone_sample(Context& context, const CloneRequest& request) {
 
     store::Project project;
     if (request.dry_run)
-        project.open(request.target, filo::store::Access::ReadOnly);
+        project.open(request.target, store::Access::ReadOnly);
     else
         project.open(request.target);
     store::ModuleTable table(project);

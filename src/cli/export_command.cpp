@@ -12,7 +12,7 @@ using texts::Text;
 
 int export_project(Context& context, const ExportRequest& request) {
     store::Project project;
-    project.open(request.project, filo::store::Access::ReadOnly);
+    project.open(request.project, store::Access::ReadOnly);
     exchange::ProjectExport files(project, platform::data_directory());
     if (!request.nick.empty()) files.nick_copy = request.nick;
     if (!request.cards.empty()) {

@@ -30,7 +30,7 @@ constexpr double kReadSlice = 0.1;
 std::optional<diagnostics::ModuleDirectory> read_names(const std::string& path) {
     if (path.empty()) return std::nullopt;
     store::Project project;
-    project.open(path);
+    project.open(path, store::Access::ReadOnly);
     return diagnostics::ModuleDirectory::load(project);
 }
 

@@ -39,7 +39,7 @@ int print_report(Context& context, const ReportRequest& request) {
     const exchange::ReportKind* kind = exchange::report_kind(request.kind);
     if (!kind) return kExitUsage;
     store::Project project;
-    project.open(request.project);
+    project.open(request.project, store::Access::ReadOnly);
     exchange::ReportRows rows(project);
     try {
         exchange::build_rows(*kind, rows);

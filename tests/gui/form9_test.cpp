@@ -6,6 +6,7 @@
 #include <QtTest/QtTest>
 
 #include <QStackedWidget>
+#include <QTimer>
 #include <QToolButton>
 
 #include "app/demo.hpp"
@@ -14,6 +15,7 @@
 #include "app/form9.hpp"
 #include "app/link_editor_window.hpp"
 #include "app/mdi_form1.hpp"
+#include "app/moduli.hpp"
 #include "app/programming_window.hpp"
 #include "gui/gui_fixture.hpp"
 #include "links/link_record.hpp"
@@ -205,6 +207,17 @@ TEST_F(LinkEditorEndToEnd, AButtonOfAModuleTheProjectLacksEntersIt) {
     ASSERT_NE(form, nullptr);
     app::LinkEditorWindow& w = form->tool();
     w.Check3_Click(true);
+    // The new module's window opens over the editor; the installer saves it
+    // as it stands, and the editor takes the pressed point up again.
+    std::string opened_on;
+    QTimer installer;
+    QObject::connect(&installer, &QTimer::timeout, [&] {
+        if (QWidget* module = main->module_window()) {
+            opened_on = session.modules.CODICE_MODULO;
+            QTest::mouseClick(module->findChild<QPushButton*>("Image1_1"), Qt::LeftButton);
+        }
+    });
+    installer.start(50);
     ASSERT_EQ(server->control(std::string("press ") + app::kDemoSpareModule + " 2"), "");
     const std::string expected = std::string("Codice  ") + app::kDemoSpareModule + "/2";
     ASSERT_TRUE(QTest::qWaitFor([&] { return w.Label_picked == expected; }, 10000))
@@ -213,6 +226,7 @@ TEST_F(LinkEditorEndToEnd, AButtonOfAModuleTheProjectLacksEntersIt) {
     const auto& codes = session.modules.ELENCO_CODICI;
     EXPECT_NE(std::find(codes.begin(), codes.end(), app::kDemoSpareModule), codes.end());
     EXPECT_EQ(session.receiver.flags.ATTESA_TIPO, "");
+    EXPECT_EQ(opened_on, app::kDemoSpareModule);
     EXPECT_EQ(w.command_index, -1);  // its points have no names yet
 }
 

@@ -135,7 +135,7 @@ TEST_F(ReportWindowTest, TheEntryOpensTheWindowBesideTheHubAndAMainEntryClosesIt
     EXPECT_EQ(page->text(), "Pagina  2");
     EXPECT_FALSE(report->grab().isNull());
     child<QToolButton>(main.form3(), "Image1_0")->click();
-    QTRY_VERIFY(main.findChild<app::Form18*>("Form18") == nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return main.findChild<app::Form18*>("Form18") == nullptr; }));
 }
 
 }  // namespace

@@ -184,7 +184,10 @@ TEST_F(ConnectionTest, TheSearchTriesEveryPortAndTakesTheFirstThatEchoes) {
 TEST_F(ConnectionTest, MessagesReadExactlyAsWritten) {
     app::MainMenu menu{session};
     app::NewProject form{session};
-    app::HubHost host{[] {}, [] {}, [] {}, [](int) {}};
+    app::HubHost host{.show_connection = [] {},
+                      .show_programming = [] {},
+                      .show_main_menu = [] {},
+                      .schedule_scan_tick = [](int) {}};
     std::unique_ptr<app::ProjectHub> hub;
     auto type = [&](const std::string& code) {
         if (!hub) hub = std::make_unique<app::ProjectHub>(session, host);

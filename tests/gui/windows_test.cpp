@@ -8,15 +8,18 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
 #include "app/form1.hpp"
 #include "app/form3.hpp"
 #include "app/mdi_form1.hpp"
+#include "app/moduli.hpp"
 #include "app/project_hub.hpp"
 #include "bus/module_code.hpp"
 #include "gui/gui_fixture.hpp"
+#include "store/module_table.hpp"
 #include "support/run_program.hpp"
 
 namespace filo::testing {
@@ -138,16 +141,30 @@ TEST_F(WindowsTest, TypedCodesAreFilteredCheckedAndEnteredAndTheGestureSkipsTheC
     QTest::keyClicks(text3, "0");  // the eighth: wrong check digits
     EXPECT_EQ(messages.shown, (std::vector<Shown>{{"Codice inserito non corretto", "ATTENZIONE"}}));
     EXPECT_EQ(text3->text(), "");
-    QTest::keyClicks(text3, QString::fromStdString(bus::printed_code("00131f")));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return child<QComboBox>(form(), "Combo1")->count() == 1; }));
+    // A right code opens the new module in the module window; it is in the
+    // project once saved there, and not before.
+    const auto save_new_module = [&](const QString& typed, const char* code) {
+        QTest::keyClicks(child<QLineEdit>(form(), "Text3"), typed);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window().module_window() != nullptr; }));
+        EXPECT_EQ(session.modules.CODICE_MODULO, code);
+        store::ModuleTable stored(session.project);
+        stored.ELENCO_MODULI();
+        EXPECT_EQ(std::count(stored.ELENCO_CODICI.begin(), stored.ELENCO_CODICI.end(), code),
+                  0);  // nothing stored before Salva
+        QTest::mouseClick(window().module_window()->findChild<QPushButton*>("Image1_1"),
+                          Qt::LeftButton);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window().module_window() == nullptr; }));
+    };
+    save_new_module(QString::fromStdString(bus::printed_code("00131f")), "00131F");
+    EXPECT_EQ(child<QComboBox>(form(), "Combo1")->count(), 1);
     EXPECT_TRUE(window().windowTitle().endsWith("moduli presenti  1"));
 
     auto* label25 = child<QLabel>(form(), "Label25");
     for (int i = 0; i < 5; ++i) QTest::mouseDClick(label25, Qt::LeftButton);
     EXPECT_EQ(label25->text(), "******************");
     click("Image1_0");
-    QTest::keyClicks(child<QLineEdit>(form(), "Text3"), "00401500");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return child<QComboBox>(form(), "Combo1")->count() == 2; }));
+    save_new_module("00401500", "004015");
+    EXPECT_EQ(child<QComboBox>(form(), "Combo1")->count(), 2);
     // The main menu clears it again.
     click("Image1_5");
     ASSERT_TRUE(QTest::qWaitFor([&] { return form()->objectName() == "Form1"; }));
@@ -155,25 +172,27 @@ TEST_F(WindowsTest, TypedCodesAreFilteredCheckedAndEnteredAndTheGestureSkipsTheC
     EXPECT_EQ(session.CONTROLLO_CODICE, "");
 }
 
-TEST_F(WindowsTest, AModuleChosenFromTheListIsOneTheModuleWindowWillOpen) {
+TEST_F(WindowsTest, AModuleChosenFromTheListOpensInTheModuleWindow) {
     create_project("Casa");
     add_module("00121F");
     static_cast<app::Form3*>(form())->load();
     click("Image1_1");
     auto* combo1 = child<QComboBox>(form(), "Combo1");
     ASSERT_EQ(combo1->count(), 1);
-    messages.shown.clear();
     combo1->setCurrentIndex(0);
     emit combo1->activated(0);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !messages.shown.empty(); }));
-    EXPECT_EQ(shown_texts(), std::vector<std::string>{
-                                 "Non ancora disponibile in questa versione:  GESTIONE  MODULO "});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window().module_window() != nullptr; }));
+    EXPECT_EQ(session.modules.CODICE_MODULO, "00121F");
+    QTest::mouseClick(window().module_window()->findChild<QPushButton*>("Image1_1"),
+                      Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return form()->objectName() == "Form3"; }));
     // A heading of the names' list is no module.
     auto* combo2 = child<QComboBox>(form(), "Combo2");
     ASSERT_EQ(combo2->itemData(0).toLongLong(), 0);
     combo2->setCurrentIndex(0);
     emit combo2->activated(0);
     EXPECT_EQ(combo2->currentIndex(), -1);
+    EXPECT_EQ(window().module_window(), nullptr);
 }
 
 TEST_F(WindowsTest, TheConnectionWindowTakesATypedPathAndTheWindowsShowTheLine) {
