@@ -19,8 +19,10 @@ using texts::Text;
 // The project, its tables and the link being made, with both points chosen
 // by their item data as `points` prints them.
 struct EditorSession {
-    EditorSession(Context& context, const std::string& path) : texts(context.texts) {
-        project.open(path);
+    EditorSession(Context& context, const std::string& path,
+                  store::Access access = store::Access::ReadWrite)
+        : texts(context.texts) {
+        project.open(path, access);
     }
 
     void select(std::int64_t command_item, std::int64_t output_item) {
@@ -145,7 +147,7 @@ bool parse_link_time(const std::string& text, links::TimeEntry& time) {
 }
 
 int list_modes(Context& context, const ModesRequest& request) {
-    EditorSession s(context, request.project);
+    EditorSession s(context, request.project, store::Access::ReadOnly);
     s.select(request.command, request.output);
     if (s.editor.check() != links::LinkEditor::Check::Modes) return kExitOk;
     for (int i = 1; i <= links::kModeCount; ++i)
