@@ -6,6 +6,7 @@
 
 #include "bus/module_code.hpp"
 #include "cli/commands.hpp"
+#include "cli/row_output.hpp"
 #include "exchange/clone_job.hpp"
 #include "exchange/clone_sample.hpp"
 #include "store/module_table.hpp"
@@ -17,41 +18,17 @@ namespace {
 
 using texts::Text;
 
-// Backslash, TAB, CR and LF written as escapes, so that a value is one field.
-std::string escaped(std::string_view value) {
-    std::string s;
-    s.reserve(value.size());
-    for (char c : value) {
-        switch (c) {
-            case '\\':
-                s += "\\\\";
-                break;
-            case '\t':
-                s += "\\t";
-                break;
-            case '\r':
-                s += "\\r";
-                break;
-            case '\n':
-                s += "\\n";
-                break;
-            default:
-                s += c;
-        }
-    }
-    return s;
-}
-
 std::string message_fields(const Context& c, const exchange::CloneMessage& m) {
     const std::string title = m.title ? c.texts.text(*m.title) : std::string();
-    return "title=" + escaped(title) + "\tmessage=" + escaped(c.texts.text(m.message) + m.after);
+    return "title=" + escaped_field(title) +
+           "\tmessage=" + escaped_field(c.texts.text(m.message) + m.after);
 }
 
 void print_pairs(std::ostream& out, std::span<const std::string_view> names,
                  const std::vector<const std::string*>& values) {
     // Column 0 is ID, which an appended row gets only when written.
     for (std::size_t i = 1; i < names.size(); ++i)
-        out << (i > 1 ? "\t" : "") << names[i] << '=' << escaped(*values[i - 1]);
+        out << (i > 1 ? "\t" : "") << names[i] << '=' << escaped_field(*values[i - 1]);
     out << '\n';
 }
 
@@ -62,30 +39,7 @@ void print_plan(std::ostream& out, const exchange::ClonePlan& plan) {
                         {&r.codice, &r.campo, &r.numero_filo, &r.nick, &r.note, &m.M_NICK_NUMERICO,
                          &r.modo, &r.tipologia, &r.connesso, &r.riserva, &r.riserva2, &r.riserva3,
                          &r.riserva4, &r.dati_aggiuntivi1});
-    for (const store::LinkRow& l : plan.links)
-        print_pairs(out, store::kAssociazioniColumns,
-                    {&l.identificativoRX,
-                     &l.identificativoTX,
-                     &l.numero_uscita,
-                     &l.nick_ricevente,
-                     &l.numero_ingresso,
-                     &l.nick_trasmittente,
-                     &l.opzione,
-                     &l.tempo_on1,
-                     &l.tempo_on2,
-                     &l.modo_,
-                     &l.on_,
-                     &l.off_,
-                     &l.note,
-                     &l.tempo_off1,
-                     &l.tempo_off2,
-                     &l.and_,
-                     &l.minuto,
-                     &l.ora,
-                     &l.giorno,
-                     &l.settimana,
-                     &l.dato13,
-                     &l.dato14});
+    for (const store::LinkRow& l : plan.links) print_link_row(out, l);
 }
 
 }  // namespace
@@ -99,9 +53,9 @@ int clone_sample(Context& context, const CloneRequest& request) {
     if (request.list) {
         int row = 0;
         for (const exchange::SampleModule& s : sample.rows)
-            context.out << "row=" << ++row << "\tcode=" << escaped(s.codice)
-                        << "\ttype=" << escaped(s.type_label) << "\titem=" << escaped(s.item)
-                        << '\n';
+            context.out << "row=" << ++row << "\tcode=" << escaped_field(s.codice)
+                        << "\ttype=" << escaped_field(s.type_label)
+                        << "\titem=" << escaped_field(s.item) << '\n';
         return kExitOk;
     }
 
@@ -140,7 +94,7 @@ int clone_sample(Context& context, const CloneRequest& request) {
     exchange::CloneJob job(sample, table);
     const exchange::CloneOutcome outcome = job.prepare(clone);
     for (const exchange::CodeRefusal& r : outcome.refused_codes)
-        context.err << "row=" << r.row << "\tcode=" << escaped(r.code) << '\t'
+        context.err << "row=" << r.row << "\tcode=" << escaped_field(r.code) << '\t'
                     << message_fields(context, r.message) << '\n';
     if (outcome.refusal) context.err << message_fields(context, *outcome.refusal) << '\n';
     if (outcome.refused()) return kExitUserError;

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "cli/commands.hpp"
+#include "cli/row_output.hpp"
 #include "links/link_editor.hpp"
 #include "store/link_queries.hpp"
 #include "store/link_table.hpp"
@@ -50,64 +51,6 @@ struct EditorSession {
     store::LinkQueries queries{project, links, texts};
     links::LinkEditor editor{modules, links, queries, texts};
 };
-
-std::string escaped(const std::string& value) {
-    std::string s;
-    for (char c : value) {
-        switch (c) {
-            case '\\':
-                s += "\\\\";
-                break;
-            case '\t':
-                s += "\\t";
-                break;
-            case '\n':
-                s += "\\n";
-                break;
-            case '\r':
-                s += "\\r";
-                break;
-            default:
-                s += c;
-        }
-    }
-    return s;
-}
-
-// One row, its columns in the table's order, without ID.
-void print_row(std::ostream& out, const store::LinkRow& r) {
-    const std::pair<const char*, const std::string*> columns[] = {
-        {"identificativoRX", &r.identificativoRX},
-        {"identificativoTX", &r.identificativoTX},
-        {"numero_uscita", &r.numero_uscita},
-        {"nick_ricevente", &r.nick_ricevente},
-        {"numero_ingresso", &r.numero_ingresso},
-        {"nick_trasmittente", &r.nick_trasmittente},
-        {"opzione", &r.opzione},
-        {"tempo_on1", &r.tempo_on1},
-        {"tempo_on2", &r.tempo_on2},
-        {"modo_", &r.modo_},
-        {"on_", &r.on_},
-        {"off_", &r.off_},
-        {"note", &r.note},
-        {"tempo_off1", &r.tempo_off1},
-        {"tempo_off2", &r.tempo_off2},
-        {"and", &r.and_},
-        {"minuto", &r.minuto},
-        {"ora", &r.ora},
-        {"giorno", &r.giorno},
-        {"settimana", &r.settimana},
-        {"dato13", &r.dato13},
-        {"dato14", &r.dato14},
-    };
-    bool first = true;
-    for (const auto& [name, value] : columns) {
-        if (!first) out << '\t';
-        first = false;
-        out << name << '=' << escaped(*value);
-    }
-    out << '\n';
-}
 
 bool parse_int(std::string_view text, int& value) {
     if (text.empty()) return false;
@@ -174,7 +117,7 @@ int add_link(Context& context, const AddLinkRequest& request) {
         if (!text) return;
         links::TimeEntry typed;
         if (!parse_link_time(*text, typed))
-            throw UserError(t.text(Text::LINK_TIME_INVALID) + escaped(*text));
+            throw UserError(t.text(Text::LINK_TIME_INVALID) + escaped_field(*text));
         if (typed == links::TimeEntry{}) return;  // 0: not typed
         if (!shown) throw not_offered(option);
         const std::string type = e.user.identificativoRX.substr(4, 2);
@@ -228,7 +171,7 @@ int add_link(Context& context, const AddLinkRequest& request) {
     for (std::int64_t id : ids) {
         store::LinkRow row;
         s.links.read_row(id, row);
-        print_row(context.out, row);
+        print_link_row(context.out, row);
     }
     if (request.dry_run) return kExitOk;  // the transaction rolls back
     dry.commit();

@@ -30,35 +30,17 @@ std::map<std::string, std::string*> nick_fields(store::NickRow& r) {
             {"dati_aggiuntivi1", &r.dati_aggiuntivi1}};
 }
 
-std::map<std::string, std::string*> link_fields(store::LinkRow& r) {
-    return {{"identificativorx", &r.identificativoRX},
-            {"identificativotx", &r.identificativoTX},
-            {"numero_uscita", &r.numero_uscita},
-            {"nick_ricevente", &r.nick_ricevente},
-            {"numero_ingresso", &r.numero_ingresso},
-            {"nick_trasmittente", &r.nick_trasmittente},
-            {"opzione", &r.opzione},
-            {"tempo_on1", &r.tempo_on1},
-            {"tempo_on2", &r.tempo_on2},
-            {"modo_", &r.modo_},
-            {"on_", &r.on_},
-            {"off_", &r.off_},
-            {"note", &r.note},
-            {"tempo_off1", &r.tempo_off1},
-            {"tempo_off2", &r.tempo_off2},
-            {"and", &r.and_},
-            {"minuto", &r.minuto},
-            {"ora", &r.ora},
-            {"giorno", &r.giorno},
-            {"settimana", &r.settimana},
-            {"dato13", &r.dato13},
-            {"dato14", &r.dato14}};
-}
-
 std::string lower(std::string s) {
     for (char& c : s)
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     return s;
+}
+
+std::map<std::string, std::string*> link_fields(store::LinkRow& r) {
+    std::map<std::string, std::string*> fields;
+    for (const store::LinkColumn& c : store::kLinkColumns)
+        fields[lower(std::string(c.name))] = &(r.*c.field);
+    return fields;
 }
 
 // Reads every row of a query into T through its map of fields.

@@ -1,6 +1,8 @@
 #pragma once
+#include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace filo::store {
 
@@ -33,6 +35,36 @@ struct LinkRow {
 
     bool operator==(const LinkRow&) const = default;
 };
+
+// The columns of a row after ID, in the table's order: their names and fields.
+struct LinkColumn {
+    std::string_view name;
+    std::string LinkRow::*field;
+};
+inline constexpr std::array<LinkColumn, 22> kLinkColumns = {{
+    {"identificativoRX", &LinkRow::identificativoRX},
+    {"identificativoTX", &LinkRow::identificativoTX},
+    {"numero_uscita", &LinkRow::numero_uscita},
+    {"nick_ricevente", &LinkRow::nick_ricevente},
+    {"numero_ingresso", &LinkRow::numero_ingresso},
+    {"nick_trasmittente", &LinkRow::nick_trasmittente},
+    {"opzione", &LinkRow::opzione},
+    {"tempo_on1", &LinkRow::tempo_on1},
+    {"tempo_on2", &LinkRow::tempo_on2},
+    {"modo_", &LinkRow::modo_},
+    {"on_", &LinkRow::on_},
+    {"off_", &LinkRow::off_},
+    {"note", &LinkRow::note},
+    {"tempo_off1", &LinkRow::tempo_off1},
+    {"tempo_off2", &LinkRow::tempo_off2},
+    {"and", &LinkRow::and_},
+    {"minuto", &LinkRow::minuto},
+    {"ora", &LinkRow::ora},
+    {"giorno", &LinkRow::giorno},
+    {"settimana", &LinkRow::settimana},
+    {"dato13", &LinkRow::dato13},
+    {"dato14", &LinkRow::dato14},
+}};
 
 // Markers of continuation rows and of special sources.
 inline constexpr std::string_view kSecondaPagina = "SECONDA PAGINA";

@@ -107,28 +107,9 @@ void LinkTable::AGGIUNGI_LINK() {
     const LinkRow& l = LINK_CORRENTE;
     int p = 1;
     insert.bind(p++, id);
-    for (const std::string* field : {&l.identificativoRX,
-                                     &l.identificativoTX,
-                                     &l.numero_uscita,
-                                     &l.nick_ricevente,
-                                     &l.numero_ingresso,
-                                     &l.nick_trasmittente,
-                                     &l.opzione,
-                                     &l.tempo_on1,
-                                     &l.tempo_on2,
-                                     &l.modo_,
-                                     &l.on_,
-                                     &l.off_,
-                                     &l.note,
-                                     &l.tempo_off1,
-                                     &l.tempo_off2,
-                                     &l.and_,
-                                     &l.minuto,
-                                     &l.ora,
-                                     &l.giorno,
-                                     &l.settimana,
-                                     &l.dato13})
-        insert.bind(p++, *field);
+    // dato14 is written empty.
+    for (std::size_t c = 0; c + 1 < kLinkColumns.size(); ++c)
+        insert.bind(p++, l.*kLinkColumns[c].field);
     insert.run();
     t.commit();
     PROSSIMO_ID_LINK = id + 1;
