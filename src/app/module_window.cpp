@@ -31,7 +31,7 @@ bool is_receiver(const std::string& code) {
 
 }  // namespace
 
-ModuleWindow::ModuleWindow(Session& session) : session_(session) {}
+ModuleWindow::ModuleWindow(Session& session) : replacement(session), session_(session) {}
 ModuleWindow::~ModuleWindow() = default;
 
 bool ModuleWindow::load(int PUNTO_EVIDENZIATO, ModuleOpener by) {
@@ -205,6 +205,12 @@ void ModuleWindow::Image1_Click(int n) {
         case 2:
             if (new_module) return;  // nero: a module not in the table
             if (delete_module()) close();
+            return;
+        case 3:
+            // nero on a module not yet in the table
+            if (new_module || !(buttons & modules::kReplaceButton)) return;
+            replacement.open();  // APRI_SOSTITUZIONE
+            page = Page::Replace;
             return;
         case 4:
             module_page = modules::read_parameters(editor_->type(), session_.modules.RIGHE_MODULO,
@@ -454,6 +460,17 @@ void ModuleWindow::Label36_Click() {
 
 void ModuleWindow::Label34_Click() {
     if (page == Page::Flags) page = Page::None;
+}
+
+void ModuleWindow::Text3_Change(const std::string& text) {
+    if (page != Page::Replace) return;
+    if (!replacement.Text3_Change(text)) return;
+    page = Page::None;
+    close();
+}
+
+void ModuleWindow::Label15_Click() {
+    if (page == Page::Replace) page = Page::None;
 }
 
 void ModuleWindow::Text1_DblClick(int j) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/module_opener.hpp"
+#include "app/replacement_page.hpp"
 #include "modules/descriptions.hpp"
 #include "modules/module_editor.hpp"
 
@@ -69,7 +70,7 @@ class ModuleWindow {
     ModuleOpener opener = ModuleOpener::ProjectWindow;
 
     // Pages over the window; Frame1, Frame2 and the buttons hide meanwhile.
-    enum class Page { None, Module, Input, Output, Flags };
+    enum class Page { None, Module, Input, Output, Flags, Replace };
     Page page = Page::None;
     std::string Label11;
     modules::ParameterPage module_page;  // Frame7 for the module
@@ -99,7 +100,8 @@ class ModuleWindow {
     bool Combo2_Click(int j, char contact);
     void Option3_Click(int n);
 
-    // Image1(n): 1 Salva, 2 ELIMINA MODULO, 4 OPZIONI, 7 flags, 8 ESCI.
+    // Image1(n): 1 Salva, 2 ELIMINA MODULO, 3 SOSTITUISCI MODULO, 4 OPZIONI,
+    // 7 flags, 8 ESCI.
     void Image1_Click(int n);
     bool closed() const { return closed_; }
 
@@ -115,6 +117,10 @@ class ModuleWindow {
     void Slider1_Change(int value);
     void Label36_Click();
     void Label34_Click();
+    // SOSTITUISCI MODULO's page, Frame5: the serial typed, and ANNULLA.
+    ReplacementPage replacement;
+    void Text3_Change(const std::string& text);
+    void Label15_Click();
 
     // Tests on the line.
     void Text1_DblClick(int j);

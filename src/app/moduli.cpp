@@ -90,6 +90,7 @@ MODULI::MODULI(Session& session, QWidget* parent)
     outer->addWidget(Text24_);
     build_boxes(outer);
     build_pages(outer);
+    build_replacement_page(outer);
     outer->addStretch(1);
     // The pages show over the boxes only when opened.
     for (QWidget* page : {static_cast<QWidget*>(Frame3_), static_cast<QWidget*>(Frame6_),
@@ -233,11 +234,9 @@ void MODULI::build_boxes(QVBoxLayout* outer) {
     Frame_bottoni_ = new QWidget(this);
     Frame_bottoni_->setObjectName("Frame_bottoni");
     auto* button_column = new QVBoxLayout(Frame_bottoni_);
-    const std::pair<int, Text> captions[] = {{1, Text::MODULE_SAVE},
-                                             {2, Text::DELETE_MODULE},
-                                             {4, Text::MODULE_OPTIONS},
-                                             {7, Text::FLAG_PAGE},
-                                             {8, Text::MODULE_EXIT}};
+    const std::pair<int, Text> captions[] = {{1, Text::MODULE_SAVE},    {2, Text::DELETE_MODULE},
+                                             {3, Text::REPLACE_MODULE}, {4, Text::MODULE_OPTIONS},
+                                             {7, Text::FLAG_PAGE},      {8, Text::MODULE_EXIT}};
     for (const auto& [n, caption] : captions) {
         auto* button = new QPushButton(qs(t.text(caption)), Frame_bottoni_);
         button->setObjectName(QString("Image1_%1").arg(n));
@@ -487,13 +486,16 @@ void MODULI::refresh() {
     Frame2_->setVisible(boxes);
     Frame_bottoni_->setVisible(boxes);
     Frame3_->setVisible(w.page == Page::Flags);
-    for (int n : {2, 4, 7}) {
+    for (int n : {2, 3, 4, 7}) {
         const auto bit = n == 2   ? modules::kDeleteButton
+                         : n == 3 ? modules::kReplaceButton
                          : n == 4 ? modules::kOptionsButton
                                   : modules::kFlagPageButton;
         Image1_[static_cast<std::size_t>(n)]->setVisible((w.buttons & bit) != 0);
     }
     Image1_[2]->setEnabled(!w.new_module);
+    Image1_[3]->setEnabled(!w.new_module);
+    refresh_replacement_page();
 
     Frame7_->setVisible(w.page == Page::Module || w.page == Page::Input);
     Label11_->setText(qs(w.Label11.empty() ? t.text(Text::PAGE_VALID_FOR) : w.Label11));

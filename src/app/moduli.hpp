@@ -46,6 +46,9 @@ class MODULI final : public QWidget {
   private:
     void build_boxes(QVBoxLayout* outer);
     void build_pages(QVBoxLayout* outer);
+    // Frame5, the replacement page (moduli_replacement.cpp).
+    void build_replacement_page(QVBoxLayout* outer);
+    void refresh_replacement_page();
     void after_action();
 
     Session& session_;
@@ -90,6 +93,8 @@ class MODULI final : public QWidget {
     QSlider* Slider1_ = nullptr;
     QLabel* Text8_ = nullptr;
     QCheckBox* Check1_ = nullptr;
+    QGroupBox* Frame5_ = nullptr;
+    QLineEdit* Text3_ = nullptr;
 };
 
 }  // namespace filo::app

@@ -56,6 +56,16 @@ int set_point(Context& context, const PointRequest& request);
 // ELIMINA MODULO: the module and every link with an end in it.
 int delete_module(Context& context, const std::string& project, const std::string& code);
 
+// SOSTITUISCI MODULO: the module takes the serial of its new hardware, in
+// its rows, its links and the remote elements paired with it.
+struct ReplaceRequest {
+    std::string project;
+    std::string code;    // the module's code (6 hex digits, or the 8 printed)
+    std::string serial;  // the 8 characters printed on the new module
+    bool no_check_digits = false;
+};
+int replace_module(Context& context, const ReplaceRequest& request);
+
 // The serial ports of the system, a line each: path, tab, caption.
 int list_ports(Context& context);
 // The programmer's search over the system's ports, or a check of one port.

@@ -101,6 +101,30 @@ int run(int argc, char** argv) {
     del->add_option("project", path, "The project file")->required();
     del->add_option("code", code, "The module's code (6 hex digits, or the 8 printed)")->required();
 
+    filo::cli::ReplaceRequest replace;
+    auto* replace_cmd =
+        command("replace", "Replace a module by new hardware: its rows and links take the new code",
+                [&](Context& c) { return filo::cli::replace_module(c, replace); });
+    replace_cmd->add_option("project", replace.project, "The project file")->required();
+    replace_cmd
+        ->add_option("code", replace.code, "The module's code (6 hex digits, or the 8 printed)")
+        ->required();
+    replace_cmd->add_option("serial", replace.serial, "The 8 characters printed on the new module")
+        ->required();
+    replace_cmd->add_flag("--no-check-digits", replace.no_check_digits,
+                          "Take the serial without checking its check digits");
+    replace_cmd->footer(
+        "The new hardware must be of the module's type; a module of type 47 may take one of\n"
+        "type 14. Names, kinds, options, ID and links stay: only the code changes, in the\n"
+        "module's rows, in both ends of its links and in the remote elements paired with it.\n"
+        "Output: one line, \"Sostituzione avvenuta con successo  OLD -> NEW\", exit 0.\n"
+        "Refusals, message on stderr, project untouched, exit 1:\n"
+        "  \"Tipo di modulo non compatibile \"  the serial is of another type\n"
+        "  \"Codice inserito non corretto\"     wrong check digits, or not 8 hex characters\n"
+        "  \"Questo modulo esiste già \"        the new code is in the project (the module too)\n"
+        "  a module not in the project, or of a type without replacement (video door, panel).\n"
+        "Messages follow --lang.");
+
     command("ports", "List the serial ports", [&](Context& c) { return filo::cli::list_ports(c); });
     command("connect", "Find the programmer on the serial ports, or check one",
             [&](Context& c) { return filo::cli::connect(c, path); })

@@ -29,6 +29,7 @@
 #include "app/seriale.hpp"
 #include "app/session.hpp"
 #include "bus/checksum.hpp"
+#include "bus/module_code.hpp"
 #include "bus/receive_assembler.hpp"
 #include "diagnostics/output_diagram.hpp"
 #include "platform/clock.hpp"
@@ -219,6 +220,18 @@ int main(int argc, char** argv) {
     ok &= module_shot("003005", nullptr, "12-module-dimmer.png");
     ok &= module_shot("001015", "Image1_4", "13-module-options.png");
     ok &= module_shot("001015", "Image8_1", "14-output-options.png");
+    // The replacement page of the relay module, the new serial all but typed:
+    // its eighth character would replace the module.
+    window.open_module("001015");
+    settle(300);
+    if (QWidget* module = window.module_window()) {
+        click(module, "Image1_3");
+        const std::string serial = filo::bus::printed_code("00A015").substr(0, 7);
+        QTest::keyClicks(module->findChild<QLineEdit*>("Text3"), QString::fromStdString(serial));
+        ok &= save(&window, out, "23-replace-module.png");
+        click(module, "Label15");
+        click(module, "Image1_1");
+    }
     // The link editor: a link ready to confirm, then the details of a link.
     window.open_link_editor();
     settle(200);
