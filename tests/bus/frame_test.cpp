@@ -3,7 +3,6 @@
 #include <string>
 
 #include "bus/checksum.hpp"
-#include "bus/envelope.hpp"
 #include "bus/frame_builder.hpp"
 #include "bus/frame_parser.hpp"
 
@@ -166,15 +165,6 @@ TEST(Parsing, ReportsWhatItFindsInMalformedInput) {
         EXPECT_EQ(f.address, 0) << c.text;  // nothing half-read is left
         EXPECT_EQ(f.analog.count, 0u) << c.text;
     }
-}
-
-TEST(Envelopes, WrapTheFrameWithRealNuls) {
-    const std::string frame(kOpenProgramming);
-    EXPECT_EQ(wrap(Envelope::Full, frame), "00" + frame + '\0' + "_");
-    EXPECT_EQ(wrap(Envelope::Tail, frame), frame + '\0' + "_");
-    EXPECT_EQ(wrap(Envelope::Terminated, frame), frame + '\0');
-    EXPECT_EQ(wrap(Envelope::Bare, frame), frame);
-    EXPECT_EQ(wrap(Envelope::Full, frame).size(), frame.size() + 4);
 }
 
 }  // namespace

@@ -33,20 +33,9 @@ LinkRecord sample_link() {
 
 TEST(LinkRecord, FieldsGoInWireOrder) {
     const std::string text = link_record_text(sample_link());
-    EXPECT_EQ(text,
-              "0012"
-              "05"
-              "Y"
-              "00AB"
-              "01020304"
-              "05"
-              "A5"
-              "FB"
-              "09"
-              "1E"
-              "0C"
-              "80"
-              "7F");
+    // receiver, input, output, transmitter, times, modo, and, on, off, minuto, ora, giorno,
+    // settimana
+    EXPECT_EQ(text, "001205Y00AB0102030405A5FB091E0C807F");
     EXPECT_EQ(text.size(), kLinkRecordLength);
     EXPECT_EQ(parse_link_record(text), sample_link());
 
@@ -78,13 +67,8 @@ TEST(LinkRecord, OnlyTheExactLayoutParses) {
 TEST(CardRecord, SplitsTheEntryAroundAZero) {
     const CardRecord card{0x001A, "123456", 3};
     const std::string text = card_record_text(card);
-    EXPECT_EQ(text,
-              "001A"
-              "56"
-              "0"
-              "1234"
-              "03"
-              "00000000000000000000");
+    // address, the entry's last two characters, 0, its first four, list, padding
+    EXPECT_EQ(text, "001A56012340300000000000000000000");
     EXPECT_EQ(text.size(), kCardRecordLength);
     EXPECT_EQ(parse_card_record(text), card);
 
@@ -95,12 +79,7 @@ TEST(CardRecord, SplitsTheEntryAroundAZero) {
     EXPECT_EQ(f.card, card);
 
     // A short entry is written as it stands.
-    EXPECT_EQ(card_record_text({0x001A, "1234", 8}),
-              "001A"
-              "0"
-              "1234"
-              "08"
-              "00000000000000000000");
+    EXPECT_EQ(card_record_text({0x001A, "1234", 8}), "001A012340800000000000000000000");
 }
 
 TEST(CardRecord, FixedCharactersMustBeInPlace) {

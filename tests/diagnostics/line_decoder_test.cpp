@@ -44,36 +44,32 @@ TEST_F(DecoderTest, EventsAreNamedAgainstTheProject) {
         const char* tipo;
         const char* numero_ingresso;
         const char* descrizione;
-        const char* spoken;  // every tick on
-        bool said_without_valore;
+        bool said_without_valore = true;
+        const char* spoken = nullptr;  // every tick on
     } cases[] = {
-        {"(008001201FB]", "BASE", "1", "Luce ingresso. PULSANTE ",
-         "MITTENTE, 0 0 1 2, Soggiorno. INGRESSO, 1, Luce ingresso. PULSANTE , PREMUTO", true},
-        {"(00800120109]", "BASE", "1", "Luce ingresso. PULSANTE ",
-         "MITTENTE, 0 0 1 2, Soggiorno. INGRESSO, 1, Luce ingresso. PULSANTE , RILASCIATO", false},
+        {"(008001201FB]", "BASE", "1", "Luce ingresso. PULSANTE ", true,
+         "MITTENTE, 0 0 1 2, Soggiorno. INGRESSO, 1, Luce ingresso. PULSANTE , PREMUTO"},
+        {"(00800120109]", "BASE", "1", "Luce ingresso. PULSANTE ", false,
+         "MITTENTE, 0 0 1 2, Soggiorno. INGRESSO, 1, Luce ingresso. PULSANTE , RILASCIATO"},
         // A held press: input 2 + 8, announced by the frame's own number.
-        {"(008001202FB]", "BASE", "2", "Tapparella. PULSANTE ", nullptr, true},
-        {"(00800120AFB]", "TENUTO", "10", "Tapparella. TENUTO ", nullptr, true},
-        {"(008001203FB]", "BASE", "3", "Porta. INTERUTTORE ", nullptr, true},
-        {"(00800120880]", "BASE", "8", ". ", nullptr, true},
-        {"(00800120980]", "TENUTO", "9", "Luce ingresso. PULSANTE ", nullptr, true},
-        {"(00800121080]", "TENUTO", "16", ". ", nullptr, true},
+        {"(008001202FB]", "BASE", "2", "Tapparella. PULSANTE "},
+        {"(00800120AFB]", "TENUTO", "10", "Tapparella. TENUTO "},
+        {"(008001203FB]", "BASE", "3", "Porta. INTERUTTORE "},
+        {"(00800120880]", "BASE", "8", ". "},
+        {"(00800120980]", "TENUTO", "9", "Luce ingresso. PULSANTE "},
+        {"(00800121080]", "TENUTO", "16", ". "},
         // An event of output 9 (input 17): the description names the output;
         // its release is spoken.
-        {"(0080012110A]", "EVENTO", "EVENTO di relé, 1", "EVENTO Lampadario. ", nullptr, true},
-        {"(00800121109]", "EVENTO", "EVENTO di relé, 1", "EVENTO Lampadario. ", nullptr, true},
+        {"(0080012110A]", "EVENTO", "EVENTO di relé, 1", "EVENTO Lampadario. "},
+        {"(00800121109]", "EVENTO", "EVENTO di relé, 1", "EVENTO Lampadario. "},
         // Temperatures: (v - 49) * 0.25, * 0.5, and v - 49.
-        {"(0080012048A]", "BASE", "4", "Sala. Sensore di temperatura ambientale 22.25", nullptr,
-         true},
-        {"(00800120430]", "BASE", "4", "Sala. Sensore di temperatura ambientale -0.25", nullptr,
-         true},
-        {"(00800120531]", "BASE", "5", "Forno. Sensore di temperatura Industriale 0", nullptr,
-         true},
-        {"(00800120596]", "BASE", "5", "Forno. Sensore di temperatura Industriale 50.5", nullptr,
-         true},
-        {"(00800120645]", "BASE", "6", "Esterno. Sensore di temperatura esteso 20", nullptr, true},
+        {"(0080012048A]", "BASE", "4", "Sala. Sensore di temperatura ambientale 22.25"},
+        {"(00800120430]", "BASE", "4", "Sala. Sensore di temperatura ambientale -0.25"},
+        {"(00800120531]", "BASE", "5", "Forno. Sensore di temperatura Industriale 0"},
+        {"(00800120596]", "BASE", "5", "Forno. Sensore di temperatura Industriale 50.5"},
+        {"(00800120645]", "BASE", "6", "Esterno. Sensore di temperatura esteso 20"},
         // A hidden row is not a name.
-        {"(008001207FB]", "BASE", "7", ". ", nullptr, true},
+        {"(008001207FB]", "BASE", "7", ". "},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.frame);
@@ -83,9 +79,7 @@ TEST_F(DecoderTest, EventsAreNamedAgainstTheProject) {
         EXPECT_EQ(decoder.LM_NOME, "Soggiorno. ");
         EXPECT_EQ(decoder.LM_NUMERO_INGRESSO, c.numero_ingresso);
         EXPECT_EQ(decoder.LM_DESCRIZIONE, c.descrizione);
-        if (c.spoken) {
-            EXPECT_EQ(decoder.TESTO_PARLATO, c.spoken);
-        }
+        if (c.spoken) EXPECT_EQ(decoder.TESTO_PARLATO, c.spoken);
         decoder.ticks.valore = false;
         EXPECT_EQ(decoder.should_speak(), c.said_without_valore);
         decoder.ticks.valore = true;

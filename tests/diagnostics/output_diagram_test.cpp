@@ -12,6 +12,11 @@
 namespace filo::diagnostics {
 namespace {
 
+// A link's figures without times or conditions.
+LinkFigures plain(const char* on, const char* off, const char* modo) {
+    return {on, off, 0, 0, 0, modo, "00000000"};
+}
+
 TEST(OutputDiagram, EachLinkIsDrawnOnTheSideItActsOn) {
     struct Case {
         const char* what;
@@ -20,37 +25,14 @@ TEST(OutputDiagram, EachLinkIsDrawnOnTheSideItActsOn) {
         const char* label_on;
         const char* label_off;
     } cases[] = {
-        {"on and off",
-         {"251", "9", 0, 0, 0, "00000000", "00000000"},
-         DiagramSide::Both,
-         "  ON",
-         "  OFF"},
-        {"on only",
-         {"251", "8", 0, 0, 0, "00000000", "00000000"},
-         DiagramSide::On,
-         " SOLO ACCENDE",
+        {"on and off", plain("251", "9", "00000000"), DiagramSide::Both, "  ON", "  OFF"},
+        {"on only", plain("251", "8", "00000000"), DiagramSide::On, " SOLO ACCENDE", ""},
+        {"off only", plain("252", "9", "00000000"), DiagramSide::Off, "", " SOLO SPEGNE"},
+        {"inverted, on only", plain("251", "8", "00000100"), DiagramSide::Off, "", " SOLO SPEGNE"},
+        {"inverted, off only", plain("252", "200", "00000100"), DiagramSide::On, " SOLO ACCENDE",
          ""},
-        {"off only",
-         {"252", "9", 0, 0, 0, "00000000", "00000000"},
-         DiagramSide::Off,
-         "",
-         " SOLO SPEGNE"},
-        {"inverted, on only",
-         {"251", "8", 0, 0, 0, "00000100", "00000000"},
-         DiagramSide::Off,
-         "",
-         " SOLO SPEGNE"},
-        {"inverted, off only",
-         {"252", "200", 0, 0, 0, "00000100", "00000000"},
-         DiagramSide::On,
-         " SOLO ACCENDE",
-         ""},
-        {"inverted, both",
-         {"0", "255", 0, 0, 0, "00000100", "00000000"},
-         DiagramSide::Both,
-         "  ON",
-         "  OFF"},
-        {"neither", {"252", "8", 0, 0, 0, "00000101", "00000000"}, DiagramSide::None, "", ""},
+        {"inverted, both", plain("0", "255", "00000100"), DiagramSide::Both, "  ON", "  OFF"},
+        {"neither", plain("252", "8", "00000101"), DiagramSide::None, "", ""},
     };
     for (const Case& c : cases) {
         DiagramRow row;

@@ -67,9 +67,7 @@ TEST(MonitorSim, PressesOnTheBusAreShownWithTheirNamesAndReplayTheSame) {
     ::close(cli.err);
     EXPECT_EQ(sim.stop(), 0);
 
-    std::vector<std::string> lines;
-    for (std::size_t at = 0, nl; (nl = out.find('\n', at)) != std::string::npos; at = nl + 1)
-        lines.push_back(out.substr(at, nl - at));
+    const std::vector<std::string> lines = testing::lines_of(out);
     ASSERT_GE(lines.size(), 2U) << out;
     const std::string& named = lines[lines.size() - 2];
     ASSERT_GT(named.size(), 12U);

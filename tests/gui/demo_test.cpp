@@ -18,7 +18,9 @@ namespace {
 
 using Demo = QtLineTest;
 
-TEST_F(Demo, OpensItsProjectOnLineAndEveryModuleAnswersTheProbe) {
+// The demo's own installation answers on the port through the event loop:
+// every module the sweep's probe, and the button panel's presses.
+TEST_F(Demo, OpensItsProjectOnLineAndItsInstallationAnswers) {
     app::Demo demo(session);
     ASSERT_TRUE(demo.start());
     EXPECT_TRUE(messages.shown.empty());
@@ -28,48 +30,39 @@ TEST_F(Demo, OpensItsProjectOnLineAndEveryModuleAnswersTheProbe) {
     session.modules.ELENCO_MODULI();
     EXPECT_EQ(session.modules.ELENCO_CODICI, app::demo_project_modules());
 
-    // The sweep's probe, address by address, answered through the event loop.
-    std::vector<std::string> found;
+    std::vector<std::string> frames;
     receiver.set_consumer(bus::ReceiveAssembler::Consumer::Sweep,
-                          [&](const bus::ReceiveAssembler& rx) {
-                              if (auto code = commissioning::answered_code(rx.RX_TRAMA))
-                                  found.push_back(*code);
-                          });
+                          [&](const bus::ReceiveAssembler& rx) { frames.push_back(rx.RX_TRAMA); });
     std::vector<std::string> expected = app::demo_project_modules();
     expected.push_back(app::kDemoSpareModule);
     for (const std::string& code : expected) {
-        const std::size_t before = found.size();
-        const std::string probe = "[A00" + code.substr(2, 2) + "0000]";
-        port.write(bus::with_checksum(probe) + '\0');
-        port.serve_until(clock.now() + 2.0, [&] { return found.size() > before; });
+        const std::size_t before = frames.size();
+        port.write(bus::with_checksum("[A00" + code.substr(2, 2) + "0000]") + '\0');
+        port.serve_until(clock.now() + 2.0, [&] { return frames.size() > before; });
     }
-    receiver.set_consumer(bus::ReceiveAssembler::Consumer::Sweep, {});
+    std::vector<std::string> found;
+    for (const std::string& f : frames)
+        if (auto code = commissioning::answered_code(f)) found.push_back(*code);
     EXPECT_EQ(found, expected);
 
-    // A second start finds the project made and leaves it as it is.
-    const auto file = session.files.project_path("DEMO");
-    const auto size = std::filesystem::file_size(file);
-    app::make_demo_project(session);
-    EXPECT_EQ(std::filesystem::file_size(file), size);
-}
-
-TEST_F(Demo, TheButtonPanelPressesAnInputOfTheSimulatedInstallation) {
-    app::Demo demo(session);
-    ASSERT_TRUE(demo.start());
     app::DemoPanel panel(session, demo);
     auto* modules = child<QComboBox>(&panel, "modules");
     ASSERT_GT(modules->count(), 0);
     const std::string code = modules->itemText(0).toStdString();
     child<QSpinBox>(&panel, "input")->setValue(3);
-    std::vector<std::string> frames;
-    receiver.set_consumer(bus::ReceiveAssembler::Consumer::Sweep,
-                          [&](const bus::ReceiveAssembler& rx) { frames.push_back(rx.RX_TRAMA); });
+    frames.clear();
     QTest::mouseClick(child<QPushButton>(&panel, "press"), Qt::LeftButton);
     port.serve_until(clock.now() + 2.0, [&] { return !frames.empty(); });
     receiver.set_consumer(bus::ReceiveAssembler::Consumer::Sweep, {});
     ASSERT_FALSE(frames.empty());
     // The event of input 3 pressed, from the module chosen.
     EXPECT_EQ(frames.front().substr(3), "8" + code.substr(0, 4) + "03FB]");
+
+    // A second start finds the project made and leaves it as it is.
+    const auto file = session.files.project_path("DEMO");
+    const auto size = std::filesystem::file_size(file);
+    app::make_demo_project(session);
+    EXPECT_EQ(std::filesystem::file_size(file), size);
 }
 
 }  // namespace

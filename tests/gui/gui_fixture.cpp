@@ -9,6 +9,7 @@
 #include "sim/installation.hpp"
 #include "sim/sim_server.hpp"
 #include "sim/simulator.hpp"
+#include "store/sqlite.hpp"
 
 namespace filo::testing {
 
@@ -31,6 +32,14 @@ std::vector<std::string> SessionTest::shown_texts() const {
     std::vector<std::string> texts;
     for (const Shown& s : messages.shown) texts.push_back(s.text);
     return texts;
+}
+
+std::int64_t SessionTest::rows(const std::string& table, const std::string& codice) {
+    auto q = session.project.database().prepare("SELECT COUNT(*) FROM " + table +
+                                                (codice.empty() ? "" : " WHERE codice = ?1"));
+    if (!codice.empty()) q.bind(1, codice);
+    q.step();
+    return q.integer(0);
 }
 
 app::AppServices services_without_dialogs() {

@@ -5,6 +5,7 @@
 
 #include <QSize>
 #include <QWidget>
+#include <cstdint>
 #include <deque>
 #include <filesystem>
 #include <memory>
@@ -91,6 +92,8 @@ class SessionTest : public ::testing::Test {
     // Enters a module with the rows of its type, as the project window does.
     void add_module(const std::string& code);
     std::vector<std::string> shown_texts() const;
+    // The rows of the project's table, of one module when a code is given.
+    std::int64_t rows(const std::string& table, const std::string& codice = "");
 
     TempDir dir;
     bus::ReceiveAssembler receiver;

@@ -70,12 +70,12 @@ TEST_F(HubTest, ATypedCodeIsCheckedAndANewModuleEntered) {
     const std::string wrong = "00131F00";
     const struct {
         std::string typed;
-        std::vector<std::string> told;  // messages, in order
+        std::vector<Shown> told;  // messages, in order
         std::string text_after;
     } cases[] = {
         {"001319", {}, "001319"},  // six characters: nothing yet
-        {wrong, {"Codice inserito non corretto"}, ""},
-        {bus::printed_code("001215"), {"Codice già in uso in questo progetto"}, ""},
+        {wrong, {{"Codice inserito non corretto", "ATTENZIONE"}}, ""},
+        {bus::printed_code("001215"), {{"Codice già in uso in questo progetto", "ATTENZIONE"}}, ""},
         {bus::printed_code("00121F"), {}, ""},  // stored: opened for editing
         {bus::printed_code("002015"), {}, ""},  // new: prepared, saved in the window
         {bus::printed_code("00AA14"), {}, ""},
@@ -83,7 +83,7 @@ TEST_F(HubTest, ATypedCodeIsCheckedAndANewModuleEntered) {
     for (const auto& c : cases) {
         messages.shown.clear();
         type(c.typed);
-        EXPECT_EQ(shown_texts(), c.told) << c.typed;
+        EXPECT_EQ(messages.shown, c.told) << c.typed;
         EXPECT_EQ(hub().Text3, c.text_after) << c.typed;
     }
     EXPECT_EQ(windows, (std::vector<std::string>{"00121F", "002015", "00AA14"}));

@@ -36,17 +36,6 @@ class ModuleWindowTest : public SessionTest {
         EXPECT_TRUE(window->load(point));
         return *window;
     }
-    std::int64_t rows(const std::string& code) {
-        auto q = session.project.database().prepare("SELECT COUNT(*) FROM nick WHERE codice = ?1");
-        q.bind(1, code);
-        q.step();
-        return q.integer(0);
-    }
-    std::int64_t links() {
-        auto q = session.project.database().prepare("SELECT COUNT(*) FROM associazioni");
-        q.step();
-        return q.integer(0);
-    }
     std::unique_ptr<app::ModuleWindow> window;
 };
 
@@ -58,7 +47,7 @@ TEST_F(ModuleWindowTest, ANewModuleReachesTheTableAtSalvaAndExitAsks) {
     EXPECT_FALSE(w.inputs[5].visible);  // four inputs on a four relay module
     w.Image1_Click(2);
     EXPECT_FALSE(w.closed());
-    EXPECT_EQ(rows("000215"), 0);
+    EXPECT_EQ(rows("nick", "000215"), 0);
     messages.answers = {false};
     w.Image1_Click(8);  // ESCI, then No: stays
     EXPECT_FALSE(w.closed());
@@ -66,7 +55,7 @@ TEST_F(ModuleWindowTest, ANewModuleReachesTheTableAtSalvaAndExitAsks) {
     ASSERT_TRUE(w.Text1_Change(1, "Luce sala"));
     w.Image1_Click(1);
     EXPECT_TRUE(w.closed());
-    EXPECT_EQ(rows("000215"), 32);
+    EXPECT_EQ(rows("nick", "000215"), 32);
 }
 
 TEST_F(ModuleWindowTest, PagesRefuseOnTheSpotAndSalvaMarksNamesInUse) {
@@ -150,7 +139,7 @@ TEST_F(ModuleWindowTest, DeletingTakesTheLinksAndTestsNeedTheLine) {
     w.Image1_Click(2);
     EXPECT_TRUE(w.closed());
     EXPECT_TRUE(line.writes().back().ends_with("300026700]"));  // the test ends with the window
-    EXPECT_EQ(rows("000215") + links(), 0);
+    EXPECT_EQ(rows("nick", "000215") + rows("associazioni"), 0);
 }
 
 using ModuleWindowEndToEnd = DemoInstallationTest;

@@ -1,13 +1,10 @@
 // The main menu, the new project and the connection, without a screen.
 #include <fstream>
-#include <functional>
 
 #include "app/connection.hpp"
 #include "app/main_menu.hpp"
 #include "app/new_project.hpp"
-#include "app/project_hub.hpp"
 #include "app/single_instance.hpp"
-#include "bus/module_code.hpp"
 #include "gui/gui_fixture.hpp"
 #include "support/fake_serial_port.hpp"
 
@@ -54,7 +51,13 @@ TEST_F(MainMenuTest, AFailedPortSearchIsToldAtEachStartUntilTheNextSearch) {
         ASSERT_EQ(messages.shown.size(), c.told ? 1u : 0u) << (c.line ? c.line : "no marker");
         if (c.told) {
             EXPECT_EQ(messages.shown[0].title, "           F i l o ");
-            EXPECT_EQ(messages.shown[0].text, session.texts.text(Text::PORT_SEARCH_CONFLICT));
+            EXPECT_EQ(messages.shown[0].text,
+                      "Altre periferiche installate su questo PC non consentono\n"
+                      "il rilevamento automatico della porta seriale di comunicazione. \n\n"
+                      "Per risolvere il problema puoi : \n"
+                      "SELEZIONARE MANUALMENTE  DA UN ELENCO   \n"
+                      "la porta seriale a cui hai connesso il programmatore \n\n"
+                      "OPPURE ELIMINARE IL CONFLITTO e riprovare la CONNESSIONE AUTOMATICA ");
             // Telling it leaves the marker for the next search to remove.
             EXPECT_TRUE(std::filesystem::exists(marker));
         }
@@ -78,19 +81,6 @@ TEST_F(MainMenuTest, OpeningNamesTheProjectAfterItsFileAndRefusesAMissingOne) {
     EXPECT_EQ(session.project.DATABASE_APERTO, "");
 }
 
-TEST_F(MainMenuTest, ConnectClosesAPortInUseAndOtherwiseAsksForTheConnectionWindow) {
-    menu.load();
-    EXPECT_EQ(menu.connect_caption(), "Connetti all'impianto ");
-    EXPECT_TRUE(menu.connect_clicked());
-    ASSERT_TRUE(session.use_port("/dev/ttyUSB0"));
-    EXPECT_EQ(menu.connect_caption(), "Disconnetti ");
-    EXPECT_EQ(session.STATO_LINEA, "ON_LINE  su comm   /dev/ttyUSB0");
-    EXPECT_FALSE(menu.connect_clicked());
-    EXPECT_EQ(port.is_open, "");
-    EXPECT_EQ(session.PORTA_COM, "");
-    EXPECT_EQ(session.STATO_LINEA, "OFF_LINE ");
-}
-
 TEST_F(SessionTest, ANewProjectIsCopiedFromTheEmptyOneUnderAValidName) {
     app::NewProject form{session};
     form.load();
@@ -98,20 +88,18 @@ TEST_F(SessionTest, ANewProjectIsCopiedFromTheEmptyOneUnderAValidName) {
     const struct {
         std::string name;
         bool made;
-        Shown message;
+        std::string told;  // under the title "     Creazione progetto"
     } cases[] = {
-        {"", false, {"Inserire un nome progetto valido", "     Creazione progetto"}},
-        {" casa", false, {"Inserire un nome progetto valido", "     Creazione progetto"}},
-        {"Casa Bianchi", true, {"Progetto Casa Bianchi Creato", "     Creazione progetto"}},
-        {"Casa Bianchi",
-         false,
-         {"Casa Bianchi  Questo progetto esiste già", "     Creazione progetto"}},
+        {"", false, "Inserire un nome progetto valido"},
+        {" casa", false, "Inserire un nome progetto valido"},
+        {"Casa Bianchi", true, "Progetto Casa Bianchi Creato"},
+        {"Casa Bianchi", false, "Casa Bianchi  Questo progetto esiste già"},
     };
     for (const auto& c : cases) {
         messages.shown.clear();
         EXPECT_EQ(form.create(c.name), c.made) << c.name;
         ASSERT_EQ(messages.shown.size(), 1u) << c.name;
-        EXPECT_EQ(messages.shown[0], c.message);
+        EXPECT_EQ(messages.shown[0], (Shown{c.told, "     Creazione progetto"}));
     }
     EXPECT_EQ(session.project.NOME_PROGETTO, "Casa Bianchi");
     EXPECT_EQ(session.project.DATABASE_APERTO, "SI");
@@ -137,14 +125,8 @@ class ConnectionTest : public SessionTest {
     std::vector<std::string> tried;
 };
 
-TEST_F(ConnectionTest, AManualChoiceOpensThePortOrReportsTheFailure) {
-    connection.ELENCO_COM();
-    ASSERT_EQ(connection.ComboCOM.size(), 2u);
-    EXPECT_TRUE(connection.choose("/dev/pts/7"));  // a path typed, such as a pty
-    EXPECT_EQ(session.PORTA_COM, "/dev/pts/7");
-    EXPECT_EQ(connection.Label1, "ON_LINE  su comm   /dev/pts/7");
-    EXPECT_TRUE(messages.shown.empty());
-
+TEST_F(ConnectionTest, APortThatWillNotOpenIsReportedAndLeavesTheLineOff) {
+    ASSERT_TRUE(connection.choose("/dev/pts/7"));
     EXPECT_FALSE(connection.choose("/dev/ttyS9"));
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0],
@@ -176,60 +158,6 @@ TEST_F(ConnectionTest, TheSearchTriesEveryPortAndTakesTheFirstThatEchoes) {
         EXPECT_FALSE(std::filesystem::exists(dir.path() / "CONFIGURAZIONI.TTN"));
         EXPECT_EQ(connection.Label1,
                   c.found.empty() ? "OFF_LINE " : "ON_LINE  su comm   " + c.found);
-    }
-}
-
-// The messages of start-up, the project window and the connection, blanks
-// and line breaks as the installer reads them.
-TEST_F(ConnectionTest, MessagesReadExactlyAsWritten) {
-    app::MainMenu menu{session};
-    app::NewProject form{session};
-    app::HubHost host{.show_connection = [] {},
-                      .show_programming = [] {},
-                      .show_main_menu = [] {},
-                      .schedule_scan_tick = [](int) {}};
-    std::unique_ptr<app::ProjectHub> hub;
-    auto type = [&](const std::string& code) {
-        if (!hub) hub = std::make_unique<app::ProjectHub>(session, host);
-        hub->load();
-        hub->Text3_Change(code);
-        if (hub->Timer2) hub->Timer2_Timer();
-    };
-    const std::string creation = "     Creazione progetto";
-    const struct {
-        std::function<void()> action;
-        Shown told;
-    } cases[] = {
-        {[&] {
-             std::ofstream(dir.path() / "CONFIGURAZIONI.TTN") << "ERRORE1\n";
-             menu.load();
-         },
-         {"Altre periferiche installate su questo PC non consentono\n"
-          "il rilevamento automatico della porta seriale di comunicazione. \n\n"
-          "Per risolvere il problema puoi : \n"
-          "SELEZIONARE MANUALMENTE  DA UN ELENCO   \n"
-          "la porta seriale a cui hai connesso il programmatore \n\n"
-          "OPPURE ELIMINARE IL CONFLITTO e riprovare la CONNESSIONE AUTOMATICA ",
-          "           F i l o "}},
-        {[&] { menu.open_project(dir.path() / "nessuno.TRN"); },
-         {" Questo progetto non esiste", ""}},
-        {[&] { form.create(" Villa"); }, {"Inserire un nome progetto valido", creation}},
-        {[&] { form.create("Villa"); }, {"Progetto Villa Creato", creation}},
-        {[&] { form.create("Villa"); }, {"Villa  Questo progetto esiste già", creation}},
-        {[&] { connection.choose("/dev/ttyS9"); },
-         {"Controlla il sistema", "Errore di assegnazione porta seriale"}},
-        {[&] { type("00131F00"); }, {"Codice inserito non corretto", "ATTENZIONE"}},
-        {[&] {
-             add_module("00121F");
-             type(bus::printed_code("001215"));
-         },
-         {"Codice già in uso in questo progetto", "ATTENZIONE"}},
-    };
-    for (const auto& c : cases) {
-        messages.shown.clear();
-        c.action();
-        ASSERT_FALSE(messages.shown.empty()) << c.told.text;
-        EXPECT_EQ(messages.shown[0], c.told);
     }
 }
 

@@ -31,42 +31,40 @@ class LineTest : public ::testing::Test {
     std::vector<std::string> attempts;
 };
 
-TEST_F(LineTest, AFrameGoesOutInTheFullEnvelopeWithItsChecksum) {
-    io.set_peer(answers_ok());
-    line.STRINGA_TX = "(30012ED10]";
-    EXPECT_TRUE(line.INVIA_STRINGA(0));
-    ASSERT_EQ(io.writes().size(), 1u);
-    const std::string& w = io.writes()[0];
-    EXPECT_EQ(w.substr(0, 2), "00");
-    EXPECT_EQ(w.substr(w.size() - 2), std::string("\0_", 2));
-    EXPECT_TRUE(checksum_ok(w.substr(2, w.size() - 4)));
-    EXPECT_EQ(attempts, std::vector<std::string>{"1OK"});
-}
-
-TEST_F(LineTest, ASilentModuleGetsTheFrameExactlyTwice) {
-    line.STRINGA_TX = "(30012ED10]";
-    const double start = io.clock().now();
-    EXPECT_FALSE(line.INVIA_STRINGA(50));
-    ASSERT_EQ(io.writes().size(), 2u);
-    EXPECT_EQ(io.writes()[0], io.writes()[1]);
-    EXPECT_EQ(attempts, (std::vector<std::string>{"1NO", "2NO"}));
-    EXPECT_TRUE(line.RISPOSTA_FALLITA);
-    // Two windows of 0.1 s + t.
-    EXPECT_NEAR(io.clock().now() - start, 2 * 0.15, 1e-9);
-}
-
-TEST_F(LineTest, AnAnswerTooLateForTheFirstWindowLandsInTheRepeat) {
-    answer_write(1, 0.12);  // the first window closes at 0.1 s
-    line.STRINGA_TX = "(30012ED10]";
-    EXPECT_TRUE(line.INVIA_STRINGA(0));
-    EXPECT_EQ(io.writes().size(), 2u);
-    EXPECT_EQ(attempts, (std::vector<std::string>{"1NO", "2OK"}));
-    EXPECT_FALSE(line.RISPOSTA_FALLITA);
-    // Just inside the window is in time.
-    attempts.clear();
-    answer_write(1, 0.099);
-    EXPECT_TRUE(line.INVIA_STRINGA(0));
-    EXPECT_EQ(attempts, std::vector<std::string>{"1OK"});
+// The frame goes out in the full envelope with its checksum; without an
+// answer in its window (0.1 s + t) it goes exactly once more.
+TEST_F(LineTest, AFrameWithoutAnswerInItsWindowGoesOnceMore) {
+    const struct {
+        const char* what;
+        double delay;  // of the OK to the first write; < 0: none
+        int wait;      // t, in ms
+        std::vector<std::string> attempts;
+    } cases[] = {
+        {"at once", 0, 0, {"1OK"}},
+        {"just inside the window", 0.099, 0, {"1OK"}},
+        {"too late for the first window", 0.12, 0, {"1NO", "2OK"}},
+        {"a silent module", -1, 50, {"1NO", "2NO"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        attempts.clear();
+        io.set_peer(nullptr);
+        if (c.delay >= 0) answer_write(1, c.delay);
+        const auto before = io.writes().size();
+        const double start = io.clock().now();
+        line.STRINGA_TX = "(30012ED10]";
+        const bool answered = c.attempts.back().ends_with("OK");
+        EXPECT_EQ(line.INVIA_STRINGA(c.wait), answered);
+        EXPECT_EQ(line.RISPOSTA_FALLITA, !answered);
+        EXPECT_EQ(attempts, c.attempts);
+        ASSERT_EQ(io.writes().size() - before, c.attempts.size());
+        const std::string& w = io.writes()[before];
+        EXPECT_EQ(io.writes().back(), w);
+        EXPECT_EQ(w.substr(0, 2), "00");
+        EXPECT_EQ(w.substr(w.size() - 2), std::string("\0_", 2));
+        EXPECT_TRUE(checksum_ok(w.substr(2, w.size() - 4)));
+        if (!answered) EXPECT_NEAR(io.clock().now() - start, 2 * 0.15, 1e-9);
+    }
 }
 
 TEST_F(LineTest, AnOkThatCameBeforeTheFrameIsNotItsAnswer) {

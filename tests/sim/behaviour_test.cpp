@@ -41,6 +41,8 @@ std::string relays(const Simulator& s, const char* code = "00121F") {
 }
 
 TEST(BehaviourTest, APressRunsTheLinkInTheReadingOfItsMode) {
+    const char* P = "press 00111F 1";
+    const char* R = "release 00111F 1";
     struct Step {
         double at;
         const char* control;  // "" only looks
@@ -51,58 +53,43 @@ TEST(BehaviourTest, APressRunsTheLinkInTheReadingOfItsMode) {
         void (*shape)(bus::LinkRecord&);
         std::vector<Step> steps;
     } cases[] = {
-        {"on at the press, off at the release",
-         [](bus::LinkRecord&) {},
-         {{0, "press 00111F 1", '1'}, {1, "release 00111F 1", '0'}}},
+        // clang-format off
+        {"on at the press, off at the release", [](bus::LinkRecord&) {},
+         {{0, P, '1'}, {1, R, '0'}}},
         {"step by step: each press changes it, releases nothing",
          [](bus::LinkRecord& r) { r.modo_ = 0x01; },
-         {{0, "press 00111F 1", '1'}, {1, "release 00111F 1", '1'}, {2, "press 00111F 1", '0'}}},
-        {"only switches on",
-         [](bus::LinkRecord& r) { r.off_ = 8; },
-         {{0, "press 00111F 1", '1'}, {1, "release 00111F 1", '1'}}},
-        {"timed on: back off after 2 s",
-         [](bus::LinkRecord& r) { r.tempo_on2 = 2; },
-         {{0, "press 00111F 1", '1'}, {0.5, "release 00111F 1", '0'}}},
-        {"timed on without release",
-         [](bus::LinkRecord& r) { r.off_ = 8, r.tempo_on2 = 2; },
-         {{0, "press 00111F 1", '1'}, {1.9, "", '1'}, {2.1, "", '0'}}},
+         {{0, P, '1'}, {1, R, '1'}, {2, P, '0'}}},
+        {"only switches on", [](bus::LinkRecord& r) { r.off_ = 8; },
+         {{0, P, '1'}, {1, R, '1'}}},
+        {"timed on: back off after 2 s", [](bus::LinkRecord& r) { r.tempo_on2 = 2; },
+         {{0, P, '1'}, {0.5, R, '0'}}},
+        {"timed on without release", [](bus::LinkRecord& r) { r.off_ = 8, r.tempo_on2 = 2; },
+         {{0, P, '1'}, {1.9, "", '1'}, {2.1, "", '0'}}},
         {"a press while timing does not restart the time",
          [](bus::LinkRecord& r) { r.off_ = 8, r.tempo_on2 = 2; },
-         {{0, "press 00111F 1", '1'}, {1.5, "press 00111F 1", '1'}, {2.1, "", '0'}}},
+         {{0, P, '1'}, {1.5, P, '1'}, {2.1, "", '0'}}},
         {"retriggered: the time starts again at each press",
          [](bus::LinkRecord& r) { r.off_ = 8, r.tempo_on2 = 2, r.modo_ = 0x02; },
-         {{0, "press 00111F 1", '1'},
-          {1.5, "press 00111F 1", '1'},
-          {3.4, "", '1'},
-          {3.6, "", '0'}}},
+         {{0, P, '1'}, {1.5, P, '1'}, {3.4, "", '1'}, {3.6, "", '0'}}},
         {"tenths of a second",
          [](bus::LinkRecord& r) { r.off_ = 8, r.tempo_on2 = 15, r.settimana = 0x20; },
-         {{0, "press 00111F 1", '1'}, {1.4, "", '1'}, {1.6, "", '0'}}},
-        {"delayed on",
-         [](bus::LinkRecord& r) { r.off_ = 8, r.tempo_off2 = 1; },
-         {{0, "press 00111F 1", '0'}, {0.9, "", '0'}, {1.1, "", '1'}}},
-        {"delay before switching off",
-         [](bus::LinkRecord& r) { r.giorno = 0x80, r.minuto = 3; },
-         {{0, "press 00111F 1", '1'},
-          {1, "release 00111F 1", '1'},
-          {3.9, "", '1'},
-          {4.1, "", '0'}}},
+         {{0, P, '1'}, {1.4, "", '1'}, {1.6, "", '0'}}},
+        {"delayed on", [](bus::LinkRecord& r) { r.off_ = 8, r.tempo_off2 = 1; },
+         {{0, P, '0'}, {0.9, "", '0'}, {1.1, "", '1'}}},
+        {"delay before switching off", [](bus::LinkRecord& r) { r.giorno = 0x80, r.minuto = 3; },
+         {{0, P, '1'}, {1, R, '1'}, {3.9, "", '1'}, {4.1, "", '0'}}},
         {"a press within the delay keeps it on",
          [](bus::LinkRecord& r) { r.giorno = 0x80, r.minuto = 3; },
-         {{0, "press 00111F 1", '1'},
-          {1, "release 00111F 1", '1'},
-          {2, "press 00111F 1", '1'},
-          {4.1, "", '1'}}},
-        {"inverted input",
-         [](bus::LinkRecord& r) { r.modo_ = 0x04; },
-         {{0, "press 00111F 1", '0'}, {1, "release 00111F 1", '1'}}},
+         {{0, P, '1'}, {1, R, '1'}, {2, P, '1'}, {4.1, "", '1'}}},
+        {"inverted input", [](bus::LinkRecord& r) { r.modo_ = 0x04; },
+         {{0, P, '0'}, {1, R, '1'}}},
         {"another input runs nothing", [](bus::LinkRecord&) {}, {{0, "press 00111F 2", '0'}}},
         {"AND condition on relay 2 not met",
          [](bus::LinkRecord& r) { r.and_ = 0x02, r.modo_ = 0x80; },
-         {{0, "press 00111F 1", '0'}}},
-        {"AND condition: relay 2 off, as asked",
-         [](bus::LinkRecord& r) { r.and_ = 0x02; },
-         {{0, "press 00111F 1", '1'}}},
+         {{0, P, '0'}}},
+        {"AND condition: relay 2 off, as asked", [](bus::LinkRecord& r) { r.and_ = 0x02; },
+         {{0, P, '1'}}},
+        // clang-format on
     };
     for (const auto& c : cases) {
         Simulator s = installation({"00111F", "00121F"});

@@ -20,6 +20,15 @@ std::string link_record(char output) {
     return std::string("001203") + output + "00110000000A00FFFB09000000FF";
 }
 
+// The link frame of link_record(output), and a card frame of the list, to
+// 0012, without checksum.
+std::string link(char output) {
+    return "(1" + link_record(output) + "]";
+}
+std::string card(std::uint8_t list) {
+    return bus::card_frame({0x0012, "A1B2C3", list}).erase(1, 2);
+}
+
 TEST(ModuleStateTest, WritesAreKeptAsTheModuleKeepsThem) {
     struct Case {
         const char* what;
@@ -30,47 +39,20 @@ TEST(ModuleStateTest, WritesAreKeptAsTheModuleKeepsThem) {
         std::size_t cards;
         int resets;
     } cases[] = {
+        // clang-format off
         {"parameters: the last value of each command",
-         {"(30012EC05]", "(30012ED06]", "(30012EC07]"},
-         {{0xEC, 0x07}, {0xED, 0x06}},
-         "",
-         0,
-         0,
-         0},
+         {"(30012EC05]", "(30012ED06]", "(30012EC07]"}, {{0xEC, 0x07}, {0xED, 0x06}}, "", 0, 0, 0},
         {"masks", {"(20012FF0102030405]"}, {}, "FF0102030405", 0, 0, 0},
         {"masks written again replace the first",
-         {"(20012FF0102030405]", "(20012000000000001]"},
-         {},
-         "000000000001",
-         0,
-         0,
-         0},
+         {"(20012FF0102030405]", "(20012000000000001]"}, {}, "000000000001", 0, 0, 0},
         {"a link written twice is kept once",
-         {"(1" + link_record('1') + "]", "(1" + link_record('1') + "]",
-          "(1" + link_record('2') + "]"},
-         {},
-         "",
-         2,
-         0,
-         0},
-        {"a card written twice is kept once",
-         {bus::card_frame({0x0012, "A1B2C3", 1}).erase(1, 2),
-          bus::card_frame({0x0012, "A1B2C3", 1}).erase(1, 2),
-          bus::card_frame({0x0012, "A1B2C3", 2}).erase(1, 2)},
-         {},
-         "",
-         0,
-         2,
-         0},
+         {link('1'), link('1'), link('2')}, {}, "", 2, 0, 0},
+        {"a card written twice is kept once", {card(1), card(1), card(2)}, {}, "", 0, 2, 0},
         {"reset forgets all before it",
-         {"(30012EC05]", "(20012FF0102030405]", "(1" + link_record('1') + "]", "(30012 6F68]",
-          "(30012ED01]"},
-         {{0xED, 0x01}},
-         "",
-         0,
-         0,
-         1},
+         {"(30012EC05]", "(20012FF0102030405]", link('1'), "(30012 6F68]", "(30012ED01]"},
+         {{0xED, 0x01}}, "", 0, 0, 1},
         {"reset with the short message off", {"(300126FFF]"}, {}, "", 0, 0, 1},
+        // clang-format on
     };
     for (auto& c : cases) {
         Simulator s = installation({"00121F"});
@@ -89,8 +71,8 @@ TEST(ModuleStateTest, WritesAreKeptAsTheModuleKeepsThem) {
 
 TEST(ModuleStateTest, LinksGoToTheReceiverNamedInTheRecord) {
     Simulator s = installation({"00121F", "00131F"});
-    talk(s, full("(1" + link_record('1') + "]"));
-    talk(s, full("(1" + link_record('1') + "]"));
+    talk(s, full(link('1')));
+    talk(s, full(link('1')));
     EXPECT_EQ(s.module("00121F")->links, std::vector<std::string>{link_record('1')});
     EXPECT_TRUE(s.module("00131F")->links.empty());
     EXPECT_EQ(s.links(), std::vector<std::string>{link_record('1')});
