@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <set>
+#include <tuple>
 
 #include "bus/frame.hpp"
 #include "bus/line.hpp"
@@ -14,8 +15,10 @@
 #include "commissioning/module_image_fixture.hpp"
 #include "commissioning/run_report.hpp"
 #include "links/link_record.hpp"
+#include "modules/aggregate_editor.hpp"
 #include "store/link_table.hpp"
 #include "support/frames.hpp"
+#include "texts/language_tables.hpp"
 
 namespace filo::commissioning {
 namespace {
@@ -252,6 +255,70 @@ TEST_F(ProgrammingRunTest, ASilentModuleFailsEachFrameTwiceAndTheQuestionComesOn
     EXPECT_EQ(lines[1], "Modulo n° " + mute + " reset NO / /");
     EXPECT_NE(report.TEXT2.find("Modulo n° " + mute + " invertiti NO"), std::string::npos);
     EXPECT_EQ(closings(), 3);
+}
+
+}  // namespace
+}  // namespace filo::commissioning
+
+namespace filo::commissioning {
+namespace {
+
+// The sets of TUTTI and ALMENO1 as ASSOCIA leaves them, through the image to
+// the frames of the run: a module of three sets and a simple one.
+TEST_F(ProgrammingRunTest, AggregateSetsGoOutAsGroupBytes) {
+    const std::string full = add("15", 32);
+    const std::string simple = add("48", 16);
+    for (const auto& [code, row, name] : {std::tuple{full, 9, "Luce "},
+                                          {full, 10, "Cappa "},
+                                          {full, 17, "Notte "},
+                                          {simple, 9, "Uno "},
+                                          {simple, 10, "Due "}})
+        set(code, row, "nick", name);
+    texts::LanguageTables texts;
+    table.LEGGI_MODULO(full);
+    table.set_codice_modulo(full);
+    {
+        modules::AggregateEditor e(table, texts);
+        ASSERT_TRUE(e.Check2_Click(1, true));   // a: relay 1 on
+        ASSERT_TRUE(e.Check2_Click(33, true));  // a: flag 9 off
+        ASSERT_TRUE(e.Check3_Click(10, true));  // a: switches relay 2 off
+        e.Option3_Click(0);                     // a: OR
+        e.Text5_Change("Notte");
+        e.Option5_Click(3);
+        ASSERT_TRUE(e.Check2_Click(26, true));  // c: relay 2 off, no name, AND
+        e.Label35_Click();
+    }
+    table.MODIFICA_MODULO();
+    table.LEGGI_MODULO(simple);
+    table.set_codice_modulo(simple);
+    {
+        modules::AggregateEditor e(table, texts);
+        ASSERT_TRUE(e.Check1_Click(2, true));
+        ASSERT_TRUE(e.Label37_Click());
+    }
+    table.MODIFICA_MODULO();
+
+    const ModuleImage a = image(full);
+    std::vector<std::string> set_bytes;
+    for (int k = 1; k <= 32; ++k)
+        if (a.GRUPPO(k) != "000") set_bytes.push_back(std::to_string(k) + "=" + a.GRUPPO(k));
+    EXPECT_EQ(set_bytes, (std::vector<std::string>{"1=001", "5=001", "8=002", "20=002"}));
+    EXPECT_EQ(a.RIGHE_GRUPPO, "003");  // a named and OR; c neither
+    EXPECT_EQ(a.MASCHERA_GRUPPI, "000");
+    EXPECT_EQ(image(simple).MASCHERA_GRUPPI, "002");
+
+    run.PROGRAMMA_IMPIANTO();
+    std::vector<std::string> sent;
+    for (const std::string& f : frames()) {
+        const std::string command = f.substr(6, 2);
+        if (f.starts_with("(3") &&
+            (command == "50" || command == "A0" || command[0] == '8' || command[0] == '9'))
+            sent.push_back(f);
+    }
+    const std::string x = full.substr(0, 4), y = simple.substr(0, 4);
+    EXPECT_EQ(sent, (std::vector<std::string>{"(3" + x + "A003]", "(3" + x + "8001]",
+                                              "(3" + x + "8401]", "(3" + x + "8702]",
+                                              "(3" + x + "9302]", "(3" + y + "5002]"}));
 }
 
 }  // namespace
