@@ -212,6 +212,9 @@ void ModuleWindow::Image1_Click(int n) {
             Label11.clear();
             page = Page::Module;
             return;
+        case 5:
+            if (buttons & modules::kAggregateButton) page = Page::Aggregates;
+            return;
         case 7:
             if (buttons & modules::kFlagPageButton) page = Page::Flags;
             return;
@@ -221,6 +224,10 @@ void ModuleWindow::Image1_Click(int n) {
         default:
             return;
     }
+}
+
+void ModuleWindow::ASSOCIA_closed() {
+    if (page == Page::Aggregates) page = Page::None;
 }
 
 bool ModuleWindow::save() {

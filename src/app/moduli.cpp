@@ -16,6 +16,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "app/associa.hpp"
 #include "app/module_window.hpp"
 #include "app/session.hpp"
 #include "app/view_helpers.hpp"
@@ -236,6 +237,7 @@ void MODULI::build_boxes(QVBoxLayout* outer) {
     const std::pair<int, Text> captions[] = {{1, Text::MODULE_SAVE},
                                              {2, Text::DELETE_MODULE},
                                              {4, Text::MODULE_OPTIONS},
+                                             {5, Text::AGGREGATE_BUTTON},
                                              {7, Text::FLAG_PAGE},
                                              {8, Text::MODULE_EXIT}};
     for (const auto& [n, caption] : captions) {
@@ -420,7 +422,20 @@ bool MODULI::eventFilter(QObject* watched, QEvent* event) {
 
 void MODULI::after_action() {
     refresh();
+    if (tool_->page == ModuleWindow::Page::Aggregates && !ASSOCIA_) open_associa();
     if (tool_->closed()) emit closed();
+}
+
+void MODULI::open_associa() {
+    auto* window = new ASSOCIA(session_, this);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    ASSOCIA_ = window;
+    connect(window, &ASSOCIA::closed, this, [this] {
+        ASSOCIA_ = nullptr;
+        tool_->ASSOCIA_closed();
+        refresh();
+    });
+    window->show();
 }
 
 void MODULI::refresh() {
@@ -487,9 +502,10 @@ void MODULI::refresh() {
     Frame2_->setVisible(boxes);
     Frame_bottoni_->setVisible(boxes);
     Frame3_->setVisible(w.page == Page::Flags);
-    for (int n : {2, 4, 7}) {
+    for (int n : {2, 4, 5, 7}) {
         const auto bit = n == 2   ? modules::kDeleteButton
                          : n == 4 ? modules::kOptionsButton
+                         : n == 5 ? modules::kAggregateButton
                                   : modules::kFlagPageButton;
         Image1_[static_cast<std::size_t>(n)]->setVisible((w.buttons & bit) != 0);
     }

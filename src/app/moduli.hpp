@@ -47,6 +47,7 @@ class MODULI final : public QWidget {
     void build_boxes(QVBoxLayout* outer);
     void build_pages(QVBoxLayout* outer);
     void after_action();
+    void open_associa();
 
     Session& session_;
     std::unique_ptr<ModuleWindow> tool_;
@@ -90,6 +91,7 @@ class MODULI final : public QWidget {
     QSlider* Slider1_ = nullptr;
     QLabel* Text8_ = nullptr;
     QCheckBox* Check1_ = nullptr;
+    QWidget* ASSOCIA_ = nullptr;  // while open
 };
 
 }  // namespace filo::app
