@@ -1,5 +1,6 @@
 #include "app/associa.hpp"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -76,6 +77,8 @@ QWidget* ASSOCIA::build_full_page() {
     page->addWidget(bold_label(qs(t.text(Text::AGGREGATE_FULL_TITLE)), Frame6_, "Label23"));
 
     auto* sets = new QHBoxLayout;
+    // The choice of the set and that of the logic are apart.
+    auto* set_group = new QButtonGroup(Frame6_);
     for (int n = 1; n <= 3; ++n) {
         const QString letter(QChar('a' + n - 1));
         auto* b = new QRadioButton(qs(t.text(Text::AGGREGATE_SET)) + letter, Frame6_);
@@ -87,6 +90,7 @@ QWidget* ASSOCIA::build_full_page() {
             tool_->Option5_Click(n);
             refresh();
         });
+        set_group->addButton(b);
         sets->addWidget(b);
         Option5_[static_cast<std::size_t>(n)] = b;
     }
@@ -104,12 +108,13 @@ QWidget* ASSOCIA::build_full_page() {
     for (int n = 1; n <= 48; ++n) {
         auto* box = new QCheckBox(Frame6_);
         box->setObjectName(QString("Check2_%1").arg(n));
+        box->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
         connect(box, &QCheckBox::clicked, this, [this, n](bool ticked) {
             if (filling_) return;
             tool_->Check2_Click(n, ticked);
             refresh();
         });
-        points->addWidget(box, n <= 24 ? n : n - 24, n <= 24 ? 0 : 1);
+        points->addWidget(box, n <= 24 ? n : n - 24, n <= 24 ? 0 : 1, Qt::AlignLeft);
         Check2_[static_cast<std::size_t>(n)] = box;
     }
     body->addLayout(points, 1);
@@ -137,12 +142,13 @@ QWidget* ASSOCIA::build_full_page() {
     for (int n = 1; n <= 16; ++n) {
         auto* box = new QCheckBox(Frame6_);
         box->setObjectName(QString("Check3_%1").arg(n));
+        box->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
         connect(box, &QCheckBox::clicked, this, [this, n](bool ticked) {
             if (filling_) return;
             tool_->Check3_Click(n, ticked);
             refresh();
         });
-        reactions->addWidget(box, n <= 8 ? n : n - 8, n <= 8 ? 0 : 1);
+        reactions->addWidget(box, n <= 8 ? n : n - 8, n <= 8 ? 0 : 1, Qt::AlignLeft);
         Check3_[static_cast<std::size_t>(n)] = box;
     }
     reactions->setColumnStretch(1, 1);
@@ -151,6 +157,7 @@ QWidget* ASSOCIA::build_full_page() {
     auto* logic = new QHBoxLayout;
     auto* choices = new QVBoxLayout;
     const Text captions[] = {Text::AGGREGATE_OR, Text::AGGREGATE_AND};
+    auto* logic_group = new QButtonGroup(Frame6_);
     for (int n = 0; n < 2; ++n) {
         auto* b = new QRadioButton(qs(t.text(captions[n])), Frame6_);
         b->setObjectName(QString("Option3_%1").arg(n));
@@ -158,6 +165,7 @@ QWidget* ASSOCIA::build_full_page() {
             tool_->Option3_Click(n);
             refresh();
         });
+        logic_group->addButton(b);
         choices->addWidget(b);
         Option3_[static_cast<std::size_t>(n)] = b;
     }

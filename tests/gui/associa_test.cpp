@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 
 #include "app/associa.hpp"
@@ -44,9 +45,11 @@ TEST_F(AssociaTest, ASetChosenInAssociaIsStoredAtSalva) {
     EXPECT_TRUE(child<QGroupBox>(associa, "Frame6")->isVisible());
     EXPECT_FALSE(child<QCheckBox>(associa, "Check2_3")->isEnabled());  // no name
 
-    QTest::mouseClick(child<QCheckBox>(associa, "Check2_25"), Qt::LeftButton);  // relay 1 off
-    QTest::mouseClick(child<QCheckBox>(associa, "Check3_2"), Qt::LeftButton);   // switches 2 on
-    EXPECT_FALSE(child<QCheckBox>(associa, "Check3_1")->isEnabled());           // a participant
+    QTest::mouseClick(child<QCheckBox>(associa, "Check2_25"), Qt::LeftButton);     // relay 1 off
+    QTest::mouseClick(child<QCheckBox>(associa, "Check3_2"), Qt::LeftButton);      // switches 2 on
+    EXPECT_FALSE(child<QCheckBox>(associa, "Check3_1")->isEnabled());              // a participant
+    QTest::mouseClick(child<QRadioButton>(associa, "Option3_0"), Qt::LeftButton);  // OR
+    EXPECT_TRUE(child<QRadioButton>(associa, "Option5_1")->isChecked());           // still set a
     QTest::keyClicks(child<QLineEdit>(associa, "Text5"), "Notte");
     child<QPushButton>(associa, "Label35")->click();
     ASSERT_TRUE(
@@ -57,7 +60,7 @@ TEST_F(AssociaTest, ASetChosenInAssociaIsStoredAtSalva) {
     child<QPushButton>(&window, "Image1_1")->click();
     EXPECT_EQ(stored("000115", 2, "riserva"), "Notte");
     EXPECT_EQ(stored("000115", 2, "riserva3").substr(0, 25), std::string(24, '0') + "1");
-    EXPECT_EQ(stored("000115", 3, "riserva3").substr(0, 17), "01000000000000000");
+    EXPECT_EQ(stored("000115", 3, "riserva3").substr(0, 17), "01000000000000001");
 }
 
 }  // namespace
