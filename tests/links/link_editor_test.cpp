@@ -4,7 +4,6 @@
 
 #include "store/link_queries.hpp"
 #include "store/point_fixture.hpp"
-#include "store/point_lists.hpp"
 
 namespace filo::links {
 namespace {
@@ -254,52 +253,29 @@ TEST_F(LinkEditorTest, ALinkLandsWholeOrNotAtAll) {
     EXPECT_TRUE(saved().empty());
 }
 
-}  // namespace
-}  // namespace filo::links
-
-namespace filo::links {
-namespace {
-
-// The events of the sets TUTTI and ALMENO1 come among the commands and start
-// links as their markers; the simple page's events keep off their own relays.
+// An event of a set starts a link as its marker; the events of a simple
+// module keep off the relays that take part in them.
 TEST_F(LinkEditorTest, AggregateEventsStartLinksByTheirMarkers) {
-    set("002B15", 4, "riserva", "Notte");
     name("001A11", 9, "Lampada");
-    store::PointLists lists{project, texts};
-    lists.EVENTI_SPECIALI();
-    // Behind the group's header, the set b of the module.
-    const std::vector<store::ListEntry> expected = {
-        {"Notte   SE ALMENO 1 é Vero", id("002B15", 1) + 900000},
-        {"Notte   TUTTI Veri", id("002B15", 1) + 1000000},
-    };
-    ASSERT_EQ(lists.Combo_COMANDI.size(), 3u);
-    EXPECT_EQ(
-        std::vector<store::ListEntry>(lists.Combo_COMANDI.begin() + 1, lists.Combo_COMANDI.end()),
-        expected);
-    ASSERT_TRUE(editor.select_command(expected[1].item_data, expected[1].text));
+    // TUTTI of set b of module 002B15, as the list of commands offers it.
+    ASSERT_TRUE(editor.select_command(id("002B15", 1) + 1000000, "Notte   TUTTI Veri"));
     ASSERT_TRUE(editor.select_user(id("001A11", 9), "Lampada"));
     ASSERT_EQ(editor.check(), LinkEditor::Check::Modes);
     ASSERT_TRUE(editor.select_mode(1));
     ASSERT_EQ(editor.COLLEGA(false), LinkEditor::Save::Saved);
     const store::LinkRow stored = saved().front();
-    EXPECT_EQ(stored.identificativoTX, "002B15/29");
-    EXPECT_EQ(stored.numero_ingresso, "29");
-    EXPECT_EQ(stored.nick_trasmittente, "TUTTIb");
-    EXPECT_EQ(stored.opzione, "ES");
+    EXPECT_EQ(stored.identificativoTX + " " + stored.nick_trasmittente + " " + stored.opzione,
+              "002B15/29 TUTTIb ES");
 
     add_module(table, "003C48", 16, "Scenari");
     set("003C48", 1, "riserva3", "01000000" + std::string(18, '0'));  // relay 2 takes part
     name("003C48", 9, "Uno");
     name("003C48", 10, "Due");
-    const struct {
-        int row;
-        LinkEditor::Check check;
-    } cases[] = {{9, LinkEditor::Check::Modes}, {10, LinkEditor::Check::Refused}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.row);
+    for (const auto& [row, check] :
+         {std::pair{9, LinkEditor::Check::Modes}, std::pair{10, LinkEditor::Check::Refused}}) {
         ASSERT_TRUE(editor.select_command(id("003C48", 1) + 400000, "Scenari"));
-        ASSERT_TRUE(editor.select_user(id("003C48", c.row), "relay"));
-        EXPECT_EQ(editor.check(), c.check);
+        ASSERT_TRUE(editor.select_user(id("003C48", row), "relay"));
+        EXPECT_EQ(editor.check(), check) << row;
     }
 }
 
