@@ -218,6 +218,9 @@ void ModuleWindow::Image1_Click(int n) {
             Label11.clear();
             page = Page::Module;
             return;
+        case 5:
+            if (buttons & modules::kAggregateButton) page = Page::Aggregates;
+            return;
         case 7:
             if (buttons & modules::kFlagPageButton) page = Page::Flags;
             return;
@@ -227,6 +230,10 @@ void ModuleWindow::Image1_Click(int n) {
         default:
             return;
     }
+}
+
+void ModuleWindow::ASSOCIA_closed() {
+    if (page == Page::Aggregates) page = Page::None;
 }
 
 bool ModuleWindow::save() {

@@ -70,7 +70,7 @@ class ModuleWindow {
     ModuleOpener opener = ModuleOpener::ProjectWindow;
 
     // Pages over the window; Frame1, Frame2 and the buttons hide meanwhile.
-    enum class Page { None, Module, Input, Output, Flags, Replace };
+    enum class Page { None, Module, Input, Output, Flags, Replace, Aggregates };
     Page page = Page::None;
     std::string Label11;
     modules::ParameterPage module_page;  // Frame7 for the module
@@ -101,8 +101,11 @@ class ModuleWindow {
     void Option3_Click(int n);
 
     // Image1(n): 1 Salva, 2 ELIMINA MODULO, 3 SOSTITUISCI MODULO, 4 OPZIONI,
+    // 5 ASSOCIAZIONI (the page is the window ASSOCIA, on the same record),
     // 7 flags, 8 ESCI.
     void Image1_Click(int n);
+    // ASSOCIA closed: the boxes show again.
+    void ASSOCIA_closed();
     bool closed() const { return closed_; }
 
     // The pages.

@@ -16,6 +16,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "app/associa.hpp"
 #include "app/module_window.hpp"
 #include "app/session.hpp"
 #include "app/view_helpers.hpp"
@@ -234,9 +235,10 @@ void MODULI::build_boxes(QVBoxLayout* outer) {
     Frame_bottoni_ = new QWidget(this);
     Frame_bottoni_->setObjectName("Frame_bottoni");
     auto* button_column = new QVBoxLayout(Frame_bottoni_);
-    const std::pair<int, Text> captions[] = {{1, Text::MODULE_SAVE},    {2, Text::DELETE_MODULE},
-                                             {3, Text::REPLACE_MODULE}, {4, Text::MODULE_OPTIONS},
-                                             {7, Text::FLAG_PAGE},      {8, Text::MODULE_EXIT}};
+    const std::pair<int, Text> captions[] = {
+        {1, Text::MODULE_SAVE},      {2, Text::DELETE_MODULE}, {3, Text::REPLACE_MODULE},
+        {4, Text::MODULE_OPTIONS},   {5, Text::AGGREGATE_BUTTON}, {7, Text::FLAG_PAGE},
+        {8, Text::MODULE_EXIT}};
     for (const auto& [n, caption] : captions) {
         auto* button = new QPushButton(qs(t.text(caption)), Frame_bottoni_);
         button->setObjectName(QString("Image1_%1").arg(n));
@@ -419,7 +421,20 @@ bool MODULI::eventFilter(QObject* watched, QEvent* event) {
 
 void MODULI::after_action() {
     refresh();
+    if (tool_->page == ModuleWindow::Page::Aggregates && !ASSOCIA_) open_associa();
     if (tool_->closed()) emit closed();
+}
+
+void MODULI::open_associa() {
+    auto* window = new ASSOCIA(session_, this);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    ASSOCIA_ = window;
+    connect(window, &ASSOCIA::closed, this, [this] {
+        ASSOCIA_ = nullptr;
+        tool_->ASSOCIA_closed();
+        refresh();
+    });
+    window->show();
 }
 
 void MODULI::refresh() {
@@ -486,10 +501,11 @@ void MODULI::refresh() {
     Frame2_->setVisible(boxes);
     Frame_bottoni_->setVisible(boxes);
     Frame3_->setVisible(w.page == Page::Flags);
-    for (int n : {2, 3, 4, 7}) {
+    for (int n : {2, 3, 4, 5, 7}) {
         const auto bit = n == 2   ? modules::kDeleteButton
                          : n == 3 ? modules::kReplaceButton
                          : n == 4 ? modules::kOptionsButton
+                         : n == 5 ? modules::kAggregateButton
                                   : modules::kFlagPageButton;
         Image1_[static_cast<std::size_t>(n)]->setVisible((w.buttons & bit) != 0);
     }

@@ -50,6 +50,7 @@ class MODULI final : public QWidget {
     void build_replacement_page(QVBoxLayout* outer);
     void refresh_replacement_page();
     void after_action();
+    void open_associa();
 
     Session& session_;
     std::unique_ptr<ModuleWindow> tool_;
@@ -95,6 +96,7 @@ class MODULI final : public QWidget {
     QCheckBox* Check1_ = nullptr;
     QGroupBox* Frame5_ = nullptr;
     QLineEdit* Text3_ = nullptr;
+    QWidget* ASSOCIA_ = nullptr;  // while open
 };
 
 }  // namespace filo::app

@@ -37,6 +37,10 @@ bool Session::ask(Text text, Text title) {
     return messages_.ask(texts.text(text), texts.text(title));
 }
 
+bool Session::ask_text(const std::string& text, const std::string& title) {
+    return messages_.ask(text, title);
+}
+
 bool Session::use_port(const std::string& path) {
     close_port();
     port_busy = false;

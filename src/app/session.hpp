@@ -63,6 +63,7 @@ class Session {
                  std::string_view after = {});
     void message_text(const std::string& text, const std::string& title);
     bool ask(texts::Text text, texts::Text title);
+    bool ask_text(const std::string& text, const std::string& title);
 
     // Opens the port as the one in use: PORTA_COM and the on-line caption on
     // success; false, with the port closed and PORTA_COM "", when it fails.

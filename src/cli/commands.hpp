@@ -53,6 +53,20 @@ struct PointRequest {
     std::optional<std::string> receiver;
 };
 int set_point(Context& context, const PointRequest& request);
+// The sets of TUTTI and ALMENO1 of an output module, as ASSOCIA changes them.
+// Lists are point numbers ("1,9": relays 1-8, flags 9-24); a list given
+// replaces the set's own.
+struct AggregateRequest {
+    std::string project;
+    std::string code;
+    std::string set;                     // a, b, c on the modules with three sets; "" a
+    std::optional<std::string> on, off;  // participants when on / off
+    std::optional<std::string> switch_on, switch_off;  // relays the event switches
+    std::string logic;                                 // or / and; "" as it is
+    std::optional<std::string> name;
+    std::optional<std::string> relays;  // the one set of a simple module
+};
+int aggregate(Context& context, const AggregateRequest& request);
 // ELIMINA MODULO: the module and every link with an end in it.
 int delete_module(Context& context, const std::string& project, const std::string& code);
 

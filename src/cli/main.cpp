@@ -36,6 +36,7 @@ int run(int argc, char** argv) {
     std::string path, code, frame;
     filo::cli::ModuleRequest module;
     filo::cli::PointRequest point;
+    filo::cli::AggregateRequest sets;
     filo::cli::SendRequest send;
 
     command("new", "Create a project: <path>/<name>.TRN",
@@ -96,6 +97,22 @@ int run(int argc, char** argv) {
                     "Card reader, on a read event (rows 1-8): a 6-digit card code; "
                     "a card entered again is removed");
     set->add_option("--receiver", point.receiver, "Remote element: the receiver it is paired with");
+    auto* agg = command("aggregate",
+                        "The sets of the events TUTTI and ALMENO1 of an output module, as "
+                        "ASSOCIAZIONI of the module window changes them",
+                        [&](Context& c) { return filo::cli::aggregate(c, sets); });
+    agg->add_option("project", sets.project, "The project file")->required();
+    agg->add_option("code", sets.code, "The module's code (6 hex digits)")->required();
+    agg->add_option("--set", sets.set, "a, b or c on the modules with three sets (default a)");
+    agg->add_option("--on", sets.on,
+                    "Points taking part when on: relays 1-8, flags 9-24, e.g. 1,9");
+    agg->add_option("--off", sets.off, "Points taking part when off");
+    agg->add_option("--switch-on", sets.switch_on, "Relays the event switches on, e.g. 3");
+    agg->add_option("--switch-off", sets.switch_off, "Relays the event switches off");
+    agg->add_option("--logic", sets.logic, "or (at least one) or and (all)");
+    agg->add_option("--name", sets.name,
+                    "The event's name, at most 8 characters; \"\" takes the events off the bus");
+    agg->add_option("--relays", sets.relays, "Simple modules (48, 49): the relays taking part");
     auto* del = command("delete-module", "Delete a module and every link to its points",
                         [&](Context& c) { return filo::cli::delete_module(c, path, code); });
     del->add_option("project", path, "The project file")->required();

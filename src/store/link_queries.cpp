@@ -194,6 +194,21 @@ std::vector<AndCondition> and_conditions_on(Project& project, std::string_view c
     return found;
 }
 
+int links_from_aggregate(Project& project, std::string_view codice, char set) {
+    // A link names the event by its marker, not by the set's name: renaming
+    // a set keeps its links, taking the name away silences them.
+    const std::string letter = set == ' ' ? std::string() : std::string(1, set);
+    sqlite::Statement q = project.database().prepare(
+        "SELECT COUNT(*) FROM associazioni WHERE substr(identificativoTX, 1, 7) = ?1 COLLATE "
+        "NOCASE AND "
+        "nick_trasmittente COLLATE BINARY IN (?2, ?3)");
+    q.bind(1, std::string(codice) + "/");
+    q.bind(2, "ALMENO1" + letter);
+    q.bind(3, "TUTTI" + letter);
+    q.step();
+    return static_cast<int>(q.integer(0));
+}
+
 void LinkQueries::TESTA_EVENTO() {
     EVENTO_SCOMPARSO = 1;
     sqlite::Statement q = project_.database().prepare(

@@ -35,6 +35,11 @@ std::vector<AndCondition> and_conditions_on(Project& project, std::string_view c
 std::string and_condition_message(const AndCondition& condition,
                                   const texts::LanguageTables& texts);
 
+// The links that start from the events TUTTI and ALMENO1 of one set of
+// module `codice`: set 'a', 'b' or 'c' of a module with three sets, ' ' for
+// the one set of a simple module.
+int links_from_aggregate(Project& project, std::string_view codice, char set);
+
 // Names typed twice in one module window (CERCA_DOPPI): the outputs and
 // inputs, numbered from 1, that turn red.
 struct RepeatedNames {

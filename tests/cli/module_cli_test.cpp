@@ -112,6 +112,37 @@ TEST_F(ModuleCliTest, PointsChangedAsTheModuleWindowChangesThem) {
     EXPECT_NE(list.out.find("000315/1   Luce sala "), std::string::npos);
 }
 
+// aggregate: ASSOCIA's rules from a script; what it stores is what the list
+// of commands offers.
+TEST_F(ModuleCliTest, AggregateSetsChangedAsAssociaChangesThem) {
+    ASSERT_EQ(cli({"add-module", project, printed("000115")}).exit_code, 0);
+    for (const char* row : {"9", "10", "17"})
+        ASSERT_EQ(
+            cli({"set-point", project, std::string("000115/") + row, "--name", row}).exit_code, 0);
+    const struct {
+        std::vector<std::string> args;
+        int exit_code;
+        std::string out_or_err;
+    } cases[] = {
+        {{"--on", "1", "--off", "9", "--switch-on", "2", "--logic", "or", "--name", "Sera"},
+         0,
+         "000115 a  Sera  OR  on 1  off 9  switch-on 2  switch-off -\n"},
+        {{"--set", "b", "--on", "3"}, 1, "Assegnare prima un nick-name: --on=3\n"},
+        {{"--switch-off", "1"},
+         1,
+         "Valore non ammesso (solo cifre, entro i limiti del campo): --switch-off=1\n"},
+        {{"--on", ""}, 0, "000115 a  -  OR  on -  off -  switch-on -  switch-off -\n"},
+        {{"--set", "d"}, 1, "Valore non ammesso (solo cifre, entro i limiti del campo): --set=d\n"},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> args = {"aggregate", project, "000115"};
+        args.insert(args.end(), c.args.begin(), c.args.end());
+        const auto r = cli(args);
+        EXPECT_EQ(r.exit_code, c.exit_code) << r.err;
+        EXPECT_EQ(c.exit_code == 0 ? r.out : r.err, c.out_or_err);
+    }
+}
+
 TEST_F(ModuleCliTest, LinksListsEachRowWithItsFrame) {
     {
         store::Project p;

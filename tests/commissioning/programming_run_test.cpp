@@ -14,8 +14,10 @@
 #include "commissioning/module_image_fixture.hpp"
 #include "commissioning/run_report.hpp"
 #include "links/link_record.hpp"
+#include "modules/aggregate_editor.hpp"
 #include "store/link_table.hpp"
 #include "support/frames.hpp"
+#include "texts/language_tables.hpp"
 
 namespace filo::commissioning {
 namespace {
@@ -252,6 +254,56 @@ TEST_F(ProgrammingRunTest, ASilentModuleFailsEachFrameTwiceAndTheQuestionComesOn
     EXPECT_EQ(lines[1], "Modulo n° " + mute + " reset NO / /");
     EXPECT_NE(report.TEXT2.find("Modulo n° " + mute + " invertiti NO"), std::string::npos);
     EXPECT_EQ(closings(), 3);
+}
+
+// The sets of TUTTI and ALMENO1 as ASSOCIA leaves them, through the image to
+// the frames of the run: a module of three sets and a simple one.
+TEST_F(ProgrammingRunTest, AggregateSetsGoOutAsGroupBytes) {
+    const std::string full = add("15", 32);
+    const std::string simple = add("48", 16);
+    set(full, 9, "nick", "Luce ");
+    set(full, 10, "nick", "Cappa ");
+    set(full, 17, "nick", "Notte ");
+    set(simple, 10, "nick", "Due ");
+    texts::LanguageTables texts;
+    table.LEGGI_MODULO(full);
+    table.set_codice_modulo(full);
+    {
+        modules::AggregateEditor e(table, texts);
+        ASSERT_TRUE(e.Check2_Click(1, true));   // a: relay 1 on
+        ASSERT_TRUE(e.Check2_Click(33, true));  // a: flag 9 off
+        ASSERT_TRUE(e.Check3_Click(10, true));  // a: switches relay 2 off
+        e.Option3_Click(0);                     // a: OR
+        e.Text5_Change("Notte");
+        e.Option5_Click(3);
+        ASSERT_TRUE(e.Check2_Click(26, true));  // c: relay 2 off, no name, AND
+        e.Label35_Click();
+    }
+    table.MODIFICA_MODULO();
+    table.LEGGI_MODULO(simple);
+    table.set_codice_modulo(simple);
+    {
+        modules::AggregateEditor e(table, texts);
+        ASSERT_TRUE(e.Check1_Click(2, true));
+        ASSERT_TRUE(e.Label37_Click());
+    }
+    table.MODIFICA_MODULO();
+
+    // Only the bytes of the image that are not zero go out: RIGHE_GRUPPO (a
+    // named and OR, c neither), GRUPPO(1), (5), (8) of a, (20) of c, and
+    // MASCHERA_GRUPPI of the simple module.
+    run.PROGRAMMA_IMPIANTO();
+    std::vector<std::string> sent;
+    for (const std::string& f : frames()) {
+        const std::string command = f.substr(6, 2);
+        if (f.starts_with("(3") &&
+            (command == "50" || command == "A0" || command[0] == '8' || command[0] == '9'))
+            sent.push_back(f);
+    }
+    const std::string x = full.substr(0, 4), y = simple.substr(0, 4);
+    EXPECT_EQ(sent, (std::vector<std::string>{"(3" + x + "A003]", "(3" + x + "8001]",
+                                              "(3" + x + "8401]", "(3" + x + "8702]",
+                                              "(3" + x + "9302]", "(3" + y + "5002]"}));
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include <iostream>
 
 #include "app/analisi.hpp"
+#include "app/associa.hpp"
 #include "app/clone_dialog.hpp"
 #include "app/demo.hpp"
 #include "app/export_dialog.hpp"
@@ -273,5 +274,23 @@ int main(int argc, char** argv) {
     QTest::keyClicks(code, "00A01588");
     ok &= save(&cloning, out, "22-clone.png");
     cloning.hide();
+    // ASSOCIA on the kitchen's relay module, last, since it leaves the demo
+    // project with a set: lights of kitchen or living room on, the hood on.
+    window.open_module("001015");
+    settle(300);
+    if (QWidget* module = window.module_window()) {
+        click(module, "Image1_5");
+        settle(100);
+        if (auto* associa = module->findChild<filo::app::ASSOCIA*>("ASSOCIA")) {
+            associa->resize(associa->sizeHint().width() + 40, associa->sizeHint().height());
+            for (const char* box : {"Check2_1", "Check2_2", "Check3_3", "Option3_0"}) click(associa, box);
+            QTest::keyClicks(associa->findChild<QLineEdit*>("Text5"), "Cena");
+            ok &= save(associa, out, "25-aggregate-events.png");
+            click(associa, "Label35");
+        } else {
+            ok = false;
+        }
+        click(module, "Image1_1");
+    }
     return ok ? 0 : 1;
 }

@@ -253,5 +253,31 @@ TEST_F(LinkEditorTest, ALinkLandsWholeOrNotAtAll) {
     EXPECT_TRUE(saved().empty());
 }
 
+// An event of a set starts a link as its marker; the events of a simple
+// module keep off the relays that take part in them.
+TEST_F(LinkEditorTest, AggregateEventsStartLinksByTheirMarkers) {
+    name("001A11", 9, "Lampada");
+    // TUTTI of set b of module 002B15, as the list of commands offers it.
+    ASSERT_TRUE(editor.select_command(id("002B15", 1) + 1000000, "Notte   TUTTI Veri"));
+    ASSERT_TRUE(editor.select_user(id("001A11", 9), "Lampada"));
+    ASSERT_EQ(editor.check(), LinkEditor::Check::Modes);
+    ASSERT_TRUE(editor.select_mode(1));
+    ASSERT_EQ(editor.COLLEGA(false), LinkEditor::Save::Saved);
+    const store::LinkRow stored = saved().front();
+    EXPECT_EQ(stored.identificativoTX + " " + stored.nick_trasmittente + " " + stored.opzione,
+              "002B15/29 TUTTIb ES");
+
+    add_module(table, "003C48", 16, "Scenari");
+    set("003C48", 1, "riserva3", "01000000" + std::string(18, '0'));  // relay 2 takes part
+    name("003C48", 9, "Uno");
+    name("003C48", 10, "Due");
+    for (const auto& [row, check] :
+         {std::pair{9, LinkEditor::Check::Modes}, std::pair{10, LinkEditor::Check::Refused}}) {
+        ASSERT_TRUE(editor.select_command(id("003C48", 1) + 400000, "Scenari"));
+        ASSERT_TRUE(editor.select_user(id("003C48", row), "relay"));
+        EXPECT_EQ(editor.check(), check) << row;
+    }
+}
+
 }  // namespace
 }  // namespace filo::links
