@@ -21,9 +21,10 @@ namespace filo::modules {
 // The rows of a panel interface. A link carries 96 message bits (message n at
 // position 97 - n), so only rows 1 to 96 can ever be called by a link: the
 // window offers free places up to row 96 and no further. Row 97 lies beyond
-// those bits; it stays empty, kept back so that the link's bit string and the
-// list of messages keep one numbering. Row 98 holds the idle text, shown
-// while no message is called ("MESSAGGIO A VUOTO"); row 99 is not used.
+// those bits: a message written there could never be called, so the window
+// leaves it empty (the run would still send one that another tool wrote).
+// Row 98 holds the idle text, edited under "MESSAGGIO A VUOTO", which has no
+// name and no place in the list; row 99 is not used.
 inline constexpr int kLastMessageRow = 96;
 inline constexpr int kUncallableRow = 97;
 inline constexpr int kIdleMessageRow = 98;
