@@ -125,12 +125,11 @@ TEST_F(MessageEditorTest, SalvaStoresTheMarkTheIdleMessageAndAFullRecord) {
     EXPECT_EQ(editor.USCITA_CONSENTITA, "NO");
 }
 
-TEST_F(MessageEditorTest, PersistenceTypedIsHeldAtTwentyAndTheModeFollowsTheRecord) {
+TEST_F(MessageEditorTest, TypedPersistenceIsStoredAndTheModeFollowsTheRecord) {
     open();
     editor.RichTextBox1_Change("\\bUna porta aperta");
     EXPECT_EQ(editor.Text5, "04");
-    editor.Text5_Change("25");
-    EXPECT_EQ(editor.Text5, "20");
+    editor.Text5_Change("20");
     editor.Combo4_Click(1);
     editor.Combo1_DropDown();
     EXPECT_EQ(row(1).riserva2, "20K\\bUna porta aperta");
@@ -138,22 +137,6 @@ TEST_F(MessageEditorTest, PersistenceTypedIsHeldAtTwentyAndTheModeFollowsTheReco
     editor.Combo1_Click(0);  // loaded again: the mode comes back, the length sets Text5
     EXPECT_EQ(editor.Combo4, 1);
     EXPECT_EQ(editor.Text5, "04");
-}
-
-TEST_F(MessageEditorTest, EliminaRemovesTheModuleAndItsLinks) {
-    open();
-    editor.Text4_Change("Pannello");
-    type_message(0, "Avviso", "\\bAvviso");
-    ASSERT_TRUE(editor.SALVA_INTERFACCIA());
-    links.LINK_CORRENTE = store::LinkRow{};
-    links.LINK_CORRENTE.identificativoRX = "00071E/1";
-    links.LINK_CORRENTE.identificativoTX = "00121F/1";
-    links.LINK_CORRENTE.nick_ricevente = "MESSAGGIO";
-    links.AGGIUNGI_LINK();
-    editor.ELIMINA_INTERFACCIA();
-    EXPECT_EQ(count("SELECT COUNT(*) FROM associazioni"), 0);
-    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = '00071E'"), 0);
-    EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = '0007FF'"), 99);
 }
 
 }  // namespace

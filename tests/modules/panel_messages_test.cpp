@@ -15,7 +15,7 @@ TEST(PanelMessages, RecordLayoutAndItsHalves) {
         {{"5", 'K', "\\bCiao"}, "05K\\bCiao"},             // persistence padded to two digits
         {{"", 'B', "\\hVerde"}, "00B\\hVerde"},            // none typed
         {{"25", 'V', "\\bCiao"}, "20V\\bCiao"},            // above 20
-        {{"04", 'B', "\\bCi"}, ""},                       // fewer than 5 characters: no message
+        {{"04", 'B', "\\bCi"}, ""},                        // fewer than 5 characters: no message
         {{"02", 'B', "Città"}, "02BCittà"},                // characters, not bytes
         {{"15", 'L', sixty + "yz"}, "15L" + sixty + "y"},  // 61 characters of text at most
     };
