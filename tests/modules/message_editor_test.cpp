@@ -103,13 +103,11 @@ TEST_F(MessageEditorTest, SalvaStoresTheMarkTheIdleMessageAndAFullRecord) {
     editor.RichTextBox1_Change("\\aChiuso");
     editor.Combo4_Click(0);
     ASSERT_TRUE(editor.SALVA_INTERFACCIA());
-    EXPECT_FALSE(editor.Check2);
 
     table.LEGGI_MODULO("00071E");
     ASSERT_EQ(table.RIGHE_MODULO.N_RIGHE_MODULO(), 99);
     EXPECT_EQ(row(1).riserva2 + row(1).riserva3, "15V" + full.substr(0, 61));
     EXPECT_EQ(row(98).riserva2, "02B\\aChiuso");
-    EXPECT_EQ(row(98).nick, "");
     for (int k : {1, 50, 98}) EXPECT_EQ(row(k).note, "*Pannello ingresso") << k;
     EXPECT_EQ(row(99).note, "");
 
@@ -123,20 +121,6 @@ TEST_F(MessageEditorTest, SalvaStoresTheMarkTheIdleMessageAndAFullRecord) {
     editor.Text4.clear();
     EXPECT_FALSE(editor.SALVA_INTERFACCIA());
     EXPECT_EQ(editor.USCITA_CONSENTITA, "NO");
-}
-
-TEST_F(MessageEditorTest, TypedPersistenceIsStoredAndTheModeFollowsTheRecord) {
-    open();
-    editor.RichTextBox1_Change("\\bUna porta aperta");
-    EXPECT_EQ(editor.Text5, "04");
-    editor.Text5_Change("20");
-    editor.Combo4_Click(1);
-    editor.Combo1_DropDown();
-    EXPECT_EQ(row(1).riserva2, "20K\\bUna porta aperta");
-    editor.Combo4_Click(0);
-    editor.Combo1_Click(0);  // loaded again: the mode comes back, the length sets Text5
-    EXPECT_EQ(editor.Combo4, 1);
-    EXPECT_EQ(editor.Text5, "04");
 }
 
 }  // namespace
