@@ -5,6 +5,7 @@
 
 #include "app/project_errors.hpp"
 #include "app/session.hpp"
+#include "modules/message_editor.hpp"
 #include "modules/module_editor.hpp"
 #include "sim/installation.hpp"
 #include "sim/sim_server.hpp"
@@ -45,12 +46,17 @@ const std::vector<DemoModule>& demo_modules() {
     return modules;
 }
 
+// The luminous panel at the door: its messages are the installer's to write.
+constexpr const char* kDemoPanel = "00701E";
+constexpr const char* kDemoPanelName = "Pannello ingresso";
+
 }  // namespace
 
 const std::vector<std::string>& demo_project_modules() {
     static const std::vector<std::string> codes = [] {
         std::vector<std::string> c;
         for (const DemoModule& m : demo_modules()) c.push_back(m.code);
+        c.push_back(kDemoPanel);
         return c;
     }();
     return codes;
@@ -74,6 +80,11 @@ void make_demo_project(Session& session) {
         if (editor.save() != modules::EditRefusal::None)
             throw std::logic_error(std::string("demo module: ") + m.code);
     }
+    table.set_codice_modulo(kDemoPanel);
+    modules::MessageEditor panel(table, links, session.texts);
+    panel.load();
+    panel.Text4_Change(kDemoPanelName);
+    if (!panel.SALVA_INTERFACCIA()) throw std::logic_error("demo panel");
 }
 
 Demo::Demo(Session& session) : session_(session) {}

@@ -10,7 +10,7 @@ struct HubHost {
     std::function<void()> show_link_editor;  // Form9
     std::function<void()> show_monitor;      // Form8
     std::function<void()> show_main_menu;    // Form1; the hub goes
-    // MODULI on CODICE_MODULO of the session's module table, new or stored
+    // MODULI (Form11 for a panel) on CODICE_MODULO of the session's module table, new or stored
     // as STATO_MODULO says; with `wait`, returns once the window has closed.
     std::function<void(bool wait)> show_module;
     // Form18 with report 1-5 (STAMPA_1 to STAMPA_5), and its unloading.

@@ -12,6 +12,7 @@
 #include "app/clone_dialog.hpp"
 #include "app/export_dialog.hpp"
 #include "app/form1.hpp"
+#include "app/form11.hpp"
 #include "app/form2.hpp"
 #include "app/form3.hpp"
 #include "app/form18.hpp"
@@ -235,11 +236,15 @@ void MDIForm1::open_programming() {
 
 void MDIForm1::open_module(const std::string& code, int PUNTO_EVIDENZIATO, ModuleOpener opener,
                            std::function<void()> on_close, bool wait) {
-    if (module_) return;  // one module at a time
+    if (module_ || panel_) return;  // one module at a time
     if (!code.empty()) {
         session_.modules.CODICE_MODULO = code;
         session_.modules.TIPO_MODULO = code.substr(4, 2);
         session_.modules.VERIFICA_MODULO(code);
+    }
+    if (session_.modules.TIPO_MODULO == "1E") {
+        open_panel(std::move(on_close), wait);
+        return;
     }
     QPointer<QWidget> under = stack_->currentWidget();
     auto* form = new MODULI(session_);
@@ -262,6 +267,33 @@ void MDIForm1::open_module(const std::string& code, int PUNTO_EVIDENZIATO, Modul
     });
     form->load(PUNTO_EVIDENZIATO, opener);
     if (wait) loop.exec();
+}
+
+void MDIForm1::open_panel(std::function<void()> on_close, bool wait) {
+    QPointer<QWidget> under = stack_->currentWidget();
+    auto* form = new Form11(session_);
+    panel_ = form;
+    stack_->addWidget(form);
+    stack_->setCurrentWidget(form);
+    menuBar()->setEnabled(false);
+    QEventLoop loop;
+    connect(form, &Form11::closed, &loop, &QEventLoop::quit);
+    connect(form, &Form11::closed, this, [this, form, under, on_close = std::move(on_close)] {
+        panel_.clear();
+        menuBar()->setEnabled(true);
+        if (under) stack_->setCurrentWidget(under);
+        stack_->removeWidget(form);
+        form->deleteLater();
+        if (Form3* f = form3(); f && f == under) f->load();
+        if (on_close) on_close();
+        refresh_status();
+    });
+    form->load();
+    if (wait) loop.exec();
+}
+
+Form11* MDIForm1::panel_window() const {
+    return panel_;
 }
 
 MODULI* MDIForm1::module_window() const {

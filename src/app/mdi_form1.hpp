@@ -22,6 +22,7 @@ class Form1;
 class Form2;
 class Form3;
 class MODULI;
+class Form11;
 class Form8;
 class Form18;
 
@@ -53,7 +54,8 @@ class MDIForm1 final : public QMainWindow {
     // Form4, the programming window, over the project window; its run
     // starts by itself.
     void open_programming();
-    // MODULI over the current form, which shows again when it closes. With a
+    // MODULI (Form11 for a panel interface) over the current form, which
+    // shows again when it closes. With a
     // code, the stored module of that code (VERIFICA_MODULO); without, the
     // module that the session's table has prepared. PUNTO_EVIDENZIATO: the
     // point shown highlighted (1-8 inputs, 9-16 outputs). on_close runs once
@@ -63,6 +65,8 @@ class MDIForm1 final : public QMainWindow {
                      std::function<void()> on_close = {}, bool wait = false);
     // The module window while it is open, else null.
     MODULI* module_window() const;
+    // Form11, the panel interface's window, while it is open, else null.
+    Form11* panel_window() const;
     // Form9, the link editor, over the project window.
     void open_link_editor();
     // Form8, the line monitor, beside the project window.
@@ -87,6 +91,8 @@ class MDIForm1 final : public QMainWindow {
     void set_form(QWidget* form);
     void build_menu();
     void open_project_dialog();
+    // Form11 in place of MODULI for a panel interface (type 1E).
+    void open_panel(std::function<void()> on_close, bool wait);
 
     Session& session_;
     // Set by the menu's own exit, the one close that the main menu allows.
@@ -97,6 +103,7 @@ class MDIForm1 final : public QMainWindow {
     QStackedWidget* stack_ = nullptr;
     QPointer<QWidget> form_;
     QPointer<MODULI> module_;
+    QPointer<Form11> panel_;
     QPointer<Form18> report_;
     QLabel* line_state_ = nullptr;
     QLabel* level_state_ = nullptr;

@@ -51,6 +51,7 @@ ModuleEntry enter(Session& session, const std::string& code, bool window) {
         case modules::Opening::PanelInterface:
             table.set_codice_modulo(code);
             table.STATO_MODULO = store::kNuovoModulo;
+            if (window) return ModuleEntry::OpenWindow;  // Form11 prepares its rows
             table.LEGGI_N_PROGRESSIVO();
             modules::PREPARA_OUT_232(table);
             table.AGGIUNGI_MODULO();

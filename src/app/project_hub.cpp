@@ -255,10 +255,6 @@ void ProjectHub::Timer2_Timer() {
         return;
     }
     Text3.clear();
-    if (stored == type && type == "1E") {  // Form11, the panel interface's window
-        not_yet_available(Text::MODULE_WINDOW_TITLE);
-        return;
-    }
     open_module(code, false);
     CERCA_MODULI();
 }

@@ -33,6 +33,19 @@ struct ModuleRequest {
 };
 int add_module(Context& context, const ModuleRequest& request);
 
+// One message of a panel interface (type 1E), as the panel window stores it.
+struct MessageRequest {
+    std::string project;
+    std::string code;
+    int number = 0;  // 1-96, or 98 for the idle text
+    std::string text;  // with its colour codes in line: \b red, \h green, ...
+    std::optional<std::string> name;
+    std::optional<std::string> persistence;  // else as the text's length gives it
+    char mode = 'B';
+};
+// Prints the record stored; "" when the text is too short for one.
+int set_message(Context& context, const MessageRequest& request);
+
 // One point changed as the module window changes it.
 struct PointRequest {
     std::string project;

@@ -70,6 +70,20 @@ int run(int argc, char** argv) {
     add->add_option("code", module.code, "The 8 characters printed on the module")->required();
     add->add_option("--note", module.note, "The module's description");
     add->add_option("--receiver", module.receiver, "For a remote element: its receiver's code");
+    filo::cli::MessageRequest message;
+    auto* msg = command("message", "Write one message of a panel interface (type 1E)",
+                        [&](Context& c) { return filo::cli::set_message(c, message); });
+    msg->add_option("project", message.project, "The project file")->required();
+    msg->add_option("code", message.code, "The panel's code (6 hex digits, or the 8 printed)")
+        ->required();
+    msg->add_option("--number", message.number, "1-96, or 98 for the idle text")->required();
+    msg->add_option("--text", message.text,
+                    "The text with its codes in line: \\b red, \\a dim red, \\h green, "
+                    "\\g dim green, \\d yellow, \\f orange, \\e dim orange, ^s sound")
+        ->required();
+    msg->add_option("--name", message.name, "The message's name");
+    msg->add_option("--persistence", message.persistence, "0-20; else from the text's length");
+    msg->add_option("--mode", message.mode, "B direct, K up, L down, V blinking");
     auto* set = command("set-point", "Change one point as the module window does",
                         [&](Context& c) { return filo::cli::set_point(c, point); });
     set->add_option("project", point.project, "The project file")->required();

@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 #include <thread>
 
+#include "modules/message_editor.hpp"
 #include "store/link_table.hpp"
 #include "store/module_table.hpp"
 #include "store/project.hpp"
@@ -16,6 +17,7 @@
 #include "support/sample_project.hpp"
 #include "support/sim_process.hpp"
 #include "support/temp_dir.hpp"
+#include "texts/language_tables.hpp"
 
 namespace filo {
 namespace {
@@ -135,6 +137,41 @@ TEST_F(ProgramSimTest, TheModulesHoldWhatTheProjectSays) {
     for (const auto& entry : std::filesystem::directory_iterator(home()))
         reports += entry.path().string().ends_with(" REPORT.txt");
     EXPECT_EQ(reports, 1);
+}
+
+TEST_F(ProgramSimTest, PanelMessagesReachThePanelAsTheHalvesOfTheirRecords) {
+    // Written as the panel window writes them.
+    texts::LanguageTables texts;
+    store::LinkTable links(project);
+    modules::MessageEditor panel(table, links, texts);
+    table.set_codice_modulo("00501E");
+    panel.load();
+    panel.Text4_Change("Pannello");
+    panel.Text1_Change("Porta");
+    panel.RichTextBox1_Change("\\bCittà chiusa!");
+    panel.Combo1_DropDown();
+    panel.Combo1_Click(1);
+    const std::string x(40, 'x'), y(30, 'y');
+    panel.Text1_Change("Lungo");
+    panel.RichTextBox1_Change("\\d" + x + "\\h" + y);  // beyond the 61 characters of text
+    panel.Combo4_Click(3);
+    panel.Combo1_DropDown();
+    panel.Check2_Click(true);  // the idle message
+    panel.RichTextBox1_Change("\\aChiuso");
+    panel.Combo4_Click(0);
+    ASSERT_TRUE(panel.SALVA_INTERFACCIA());
+
+    SimProcess sim({"--project", file.string(), "--dump", (dir / "dump.json").string()});
+    const auto run = cli({"program", file.string(), "--port", sim.port()});
+    ASSERT_EQ(run.exit_code, 0) << run.out << run.err;
+    ASSERT_EQ(sim.stop(), 0) << sim.errors();
+    // Message n in records 2n-1 and 2n; the persistence packed into one
+    // character (15 + 48 is "?"); an empty half is not sent.
+    EXPECT_EQ(dump()["modules"]["00501E"]["texts"],
+              json({{"01", "4B\\bCittà chiusa!"},
+                    {"03", "?V\\d" + x.substr(0, 27)},
+                    {"04", x.substr(0, 13) + "\\h" + y.substr(0, 17)},
+                    {"C3", "2B\\aChiuso"}}));
 }
 
 TEST_F(ProgramSimTest, ASilentModuleIsReportedAndTheRestIsProgrammed) {

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextEdit>
 #include <iostream>
 
 #include "app/analisi.hpp"
@@ -17,6 +18,7 @@
 #include "app/demo.hpp"
 #include "app/export_dialog.hpp"
 #include "app/form1.hpp"
+#include "app/form11.hpp"
 #include "app/form3.hpp"
 #include "app/form4.hpp"
 #include "app/form9.hpp"
@@ -274,6 +276,31 @@ int main(int argc, char** argv) {
     QTest::keyClicks(code, "00A01588");
     ok &= save(&cloning, out, "22-clone.png");
     cloning.hide();
+    // The panel interface's window with a message typed, left with Salva.
+    window.open_module("00701E");
+    settle(300);
+    if (filo::app::Form11* panel = window.panel_window()) {
+        auto* name = panel->findChild<QLineEdit*>("Text1");
+        name->selectAll();
+        QTest::keyClicks(name, "Porta aperta");
+        auto* text = panel->findChild<QTextEdit*>("RichTextBox1");
+        text->moveCursor(QTextCursor::End);
+        QTest::keyClicks(text, "PORTA ");
+        auto* colour = panel->findChild<QComboBox*>("Combo3");
+        colour->setCurrentIndex(2);
+        emit colour->activated(2);
+        QTest::keyClicks(text, "APERTA ");
+        colour->setCurrentIndex(4);
+        emit colour->activated(4);
+        QTest::keyClicks(text, "CHIUDERE");
+        auto* mode = panel->findChild<QComboBox*>("Combo4");
+        mode->setCurrentIndex(3);
+        emit mode->activated(3);
+        ok &= save(&window, out, "24-panel-messages.png");
+        click(panel, "Image1_0");
+    } else {
+        ok = false;
+    }
     // ASSOCIA on the kitchen's relay module, last, since it leaves the demo
     // project with a set: lights of kitchen or living room on, the hood on.
     window.open_module("001015");
