@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "bus/checksum.hpp"
 #include "bus/link_record.hpp"
-#include "store/link_table.hpp"
-#include "store/store_fixture.hpp"
+#include "support/sample_project.hpp"
 
 namespace filo::links {
 namespace {
@@ -36,97 +38,56 @@ TEST(LinkImage, TheWorkedLinkGoesOutFieldByField) {
 }
 
 TEST(LinkImage, StoredFormsBecomeBusBytes) {
+    using R = store::LinkRow;
+    using F = bus::LinkRecord;
     struct Case {
         const char* what;
-        void (*edit)(store::LinkRow&);
-        void (*check)(const bus::LinkRecord&);
+        std::vector<std::pair<std::string R::*, const char*>> stored;
+        std::vector<std::pair<std::uint8_t F::*, int>> sent;
     } cases[] = {
         {"percentages",
-         [](store::LinkRow& r) {
-             r.on_ = "/100";
-             r.off_ = "/0";
-             r.minuto = "/100";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.on_, 0xFB);
-             EXPECT_EQ(f.off_, 0x09);
-             EXPECT_EQ(f.minuto, 240);
-         }},
+         {{&R::on_, "/100"}, {&R::off_, "/0"}, {&R::minuto, "/100"}},
+         {{&F::on_, 0xFB}, {&F::off_, 0x09}, {&F::minuto, 240}}},
         {"tenths mark",
-         [](store::LinkRow& r) {
-             r.tempo_on1 = "1";
-             r.tempo_on2 = "123D";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.tempo_on1, 1);
-             EXPECT_EQ(f.tempo_on2, 0x7B);
-         }},
+         {{&R::tempo_on1, "1"}, {&R::tempo_on2, "123D"}},
+         {{&F::tempo_on1, 1}, {&F::tempo_on2, 0x7B}}},
         {"delay before switching off",
-         [](store::LinkRow& r) {
-             r.dato13 = "001044";
-             r.minuto = "7";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.minuto, 44);
-             EXPECT_EQ(f.ora, 1);
-             EXPECT_EQ(f.giorno, 0x80);
-         }},
+         {{&R::dato13, "001044"}, {&R::minuto, "7"}},
+         {{&F::minuto, 44}, {&F::ora, 1}, {&F::giorno, 0x80}}},
         {"second row keeps its ramp start",
-         [](store::LinkRow& r) {
-             r.nick_trasmittente = "SECONDA RIGA";
-             r.dato13 = "001044";
-             r.minuto = "30";
-             r.numero_ingresso = "130";
-             r.numero_uscita = "11";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.minuto, 30);
-             EXPECT_EQ(f.giorno, 0);
-             EXPECT_EQ(f.numero_ingresso, 130);
-             EXPECT_EQ(f.numero_uscita, 11);
-         }},
+         {{&R::nick_trasmittente, "SECONDA RIGA"},
+          {&R::dato13, "001044"},
+          {&R::minuto, "30"},
+          {&R::numero_ingresso, "130"},
+          {&R::numero_uscita, "11"}},
+         {{&F::minuto, 30}, {&F::giorno, 0}, {&F::numero_ingresso, 130}, {&F::numero_uscita, 11}}},
         {"condition, first character lowest",
-         [](store::LinkRow& r) {
-             r.and_ = "10000001";
-             r.settimana = "10000000";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.and_, 0x81);
-             EXPECT_EQ(f.settimana, 0x80);
-         }},
-        {"condition", [](store::LinkRow& r) { r.and_ = "11000000"; },
-         [](const bus::LinkRecord& f) { EXPECT_EQ(f.and_, 0x03); }},
+         {{&R::and_, "10000001"}, {&R::settimana, "10000000"}},
+         {{&F::and_, 0x81}, {&F::settimana, 0x80}}},
+        {"condition", {{&R::and_, "11000000"}}, {{&F::and_, 0x03}}},
         {"message bits first-highest",
-         [](store::LinkRow& r) {
-             r.identificativoRX = "00031E/1";
-             r.and_ = "11000000";
-         },
-         [](const bus::LinkRecord& f) { EXPECT_EQ(f.and_, 0xC0); }},
-        {"video door page", [](store::LinkRow& r) { r.identificativoRX = "FFF223/4"; },
-         [](const bus::LinkRecord& f) { EXPECT_EQ(f.receiver, 0xFFF0); }},
-        {"gateway channel without a point", [](store::LinkRow& r) { r.identificativoTX = ""; },
-         [](const bus::LinkRecord& f) { EXPECT_EQ(f.transmitter, 0); }},
+         {{&R::identificativoRX, "00031E/1"}, {&R::and_, "11000000"}},
+         {{&F::and_, 0xC0}}},
         {"a value out of a byte",
-         [](store::LinkRow& r) {
-             r.on_ = "256";
-             r.numero_uscita = "35";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.on_, 0);
-             EXPECT_EQ(f.numero_uscita, 0);
-         }},
+         {{&R::on_, "256"}, {&R::numero_uscita, "35"}},
+         {{&F::on_, 0}, {&F::numero_uscita, 0}}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         store::LinkRow row = worked_link();
-        c.edit(row);
+        for (const auto& [column, value] : c.stored) row.*column = value;
         LinkImage image = link_image(row);
         ASSERT_EQ(image.RECORD_LINK.size(), 35u);
-        c.check(fields(image.RECORD_LINK));
+        const bus::LinkRecord record = fields(image.RECORD_LINK);
+        for (const auto& [field, value] : c.sent) EXPECT_EQ(record.*field, value);
     }
+    store::LinkRow video = worked_link();  // a page of the video door panel
+    video.identificativoRX = "FFF223/4";
+    EXPECT_EQ(fields(link_image(video).RECORD_LINK).receiver, 0xFFF0);
+    store::LinkRow gateway = worked_link();  // a gateway channel without a point
+    gateway.identificativoTX = "";
+    EXPECT_EQ(fields(link_image(gateway).RECORD_LINK).transmitter, 0);
 }
-
-using LinkImageTableTest = testing::StoreTest;
 
 }  // namespace
 }  // namespace filo::links

@@ -23,18 +23,7 @@ TEST_F(SqlFunctionsTest, ClassicFunctionsAreAvailableToQueries) {
     EXPECT_EQ(one(db, "SELECT VAL(' 12abc')"), "12.0");
     EXPECT_EQ(one(db, "SELECT CINT('2.5')"), "2");
     EXPECT_EQ(one(db, "SELECT \"LEFT\"(NULL, 2) IS NULL"), "1");
-}
-
-TEST_F(SqlFunctionsTest, RowsSortByTheirNumberOnlyThroughValOrCint) {
-    testing::add_module(table, "00011F", 12, "");
-    auto& db = project.database();
-    auto q = db.prepare("SELECT campo FROM nick ORDER BY campo");
-    std::vector<std::string> as_text, as_number;
-    while (q.step()) as_text.push_back(q.text(0));
-    auto v = db.prepare("SELECT campo FROM nick ORDER BY VAL(campo) DESC");
-    while (v.step()) as_number.push_back(v.text(0));
-    EXPECT_EQ(as_text[1], "10");
-    EXPECT_EQ(as_number.front(), "12");
+    testing::add_module(table, "00011F", 12, "");  // LIKE: "_" one character, any case
     EXPECT_EQ(one(db, "SELECT COUNT(*) FROM nick WHERE codice LIKE '____1f'"), "12");
 }
 

@@ -1,6 +1,11 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
+#include "store/link_row.hpp"
 #include "store/module_table.hpp"
 #include "store/project.hpp"
 #include "store/sqlite.hpp"
@@ -8,6 +13,23 @@
 #include "support/temp_dir.hpp"
 
 namespace filo::testing {
+
+// The columns of a link row that hold something, "name=value" each, blank
+// between: a row compares whole in one line.
+inline std::string filled_columns(const store::LinkRow& row) {
+    std::string out;
+    for (const store::LinkColumn& c : store::kLinkColumns)
+        if (!(row.*c.field).empty())
+            out += (out.empty() ? "" : " ") + std::string(c.name) + "=" + row.*c.field;
+    return out;
+}
+
+// Sets the columns given of a link row.
+inline void set_columns(
+    store::LinkRow& row,
+    std::initializer_list<std::pair<std::string store::LinkRow::*, const char*>> columns) {
+    for (const auto& [column, value] : columns) row.*column = value;
+}
 
 // An empty project, open, with its module table.
 class StoreTest : public ::testing::Test {
@@ -21,6 +43,14 @@ class StoreTest : public ::testing::Test {
         auto q = project.database().prepare(query);
         q.step();
         return q.integer(0);
+    }
+
+    // The IDs of table associazioni, in order.
+    std::vector<std::int64_t> link_ids() {
+        auto q = project.database().prepare("SELECT ID FROM associazioni ORDER BY ID");
+        std::vector<std::int64_t> ids;
+        while (q.step()) ids.push_back(q.integer(0));
+        return ids;
     }
 
     TempDir dir;
