@@ -98,11 +98,9 @@ TEST_F(PointCliTest, CheckReportsWhatOthersLeftBehind) {
         "(1, '009911/1', '000315/1', '1', 'Altro', '1', 'Pulsante', 'P', '000000001')");
     auto found = cli({"check", project});
     EXPECT_EQ(found.exit_code, 1);
-    EXPECT_EQ(found.out,
-              "Collegamento 1: l'utilizzatore è in un modulo che non è nel progetto: 009911/1\n"
-              "Modulo power-line non completato: 00121F (l'ingresso 8 va chiamato \"(COMANDO) \" "
-              "e il nome dell'uscita 1, e collegato all'uscita 1: salvando il modulo o aprendo il "
-              "progetto in Filo si completa)\n");
+    EXPECT_EQ(found.out.substr(0, found.out.find('\n')),
+              "Collegamento 1: l'utilizzatore è in un modulo che non è nel progetto: 009911/1");
+    EXPECT_NE(found.out.find("\nModulo power-line non completato: 00121F ("), std::string::npos);
     auto french = cli({"--lang", "FRA", "check", project});
     EXPECT_EQ(french.out.substr(0, french.out.find('\n')),
               "Liaison 1: le récepteur est dans un module absent du projet : 009911/1");

@@ -40,24 +40,6 @@ TEST_F(LinkTableTest, RowsAreNumberedOnFromTheHighest) {
     EXPECT_EQ(row.modo_, "000000112");
 }
 
-TEST_F(LinkTableTest, ALinkOfSeveralRowsIsWrittenWholeOrNotAtAll) {
-    try {
-        sqlite::Transaction link(project.database());
-        add("002B15/3", "001A11/2");
-        add_second_page();
-        throw std::runtime_error("the editor fails before committing");
-    } catch (const std::runtime_error&) {
-    }
-    EXPECT_EQ(link_ids(), (std::vector<std::int64_t>{}));
-    {
-        sqlite::Transaction link(project.database());
-        add("002B15/3", "001A11/2");
-        add_second_page();
-        link.commit();
-    }
-    EXPECT_EQ(link_ids(), (std::vector<std::int64_t>{1, 2}));
-}
-
 TEST_F(LinkTableTest, DeletingALinkTakesItsContinuationAndNothingElse) {
     add("002B15/3", "001A11/2");      // 1
     add_second_page();                // 2
