@@ -38,7 +38,6 @@ TEST_F(PointCliTest, PointsPrintsItemDataTabText) {
          "0\tUSA GRUPPO\n0\tVISUALIZZA GRUPPO\n600009\tLuce sala \n"},
         {{"--commands", "--level", "1"},
          "99999\t" + kContatti + "\n1\tPulsante\n2\tTenuto\n300002\tPulsante tenuto    Tenuto\n"},
-        {{"--commands", "--code", "00121f", "--name", "zzz"}, ""},
         {{"--commands", "--name", "ten"},
          "99999\t" + kContatti + "\n2\tTenuto\n300002\tPulsador mantenido    Tenuto\n",
          "SPA"},
