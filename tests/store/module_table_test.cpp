@@ -92,22 +92,14 @@ TEST_F(ModuleTableTest, DeletionMarksTheRowsAndFreesTheNumber) {
     EXPECT_EQ(table.RIGHE_MODULO.riga(1).codice, "00010B");
     table.VERIFICA_MODULO("0002AA");
     EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
-}
 
-TEST_F(ModuleTableTest, InformationOfALiveModuleByNumberAndRow) {
-    add_module(table, "00011F", 16, "Vecchio");
-    table.LEGGI_MODULO("00011F");
-    table.CODICE_MODULO = "00011F";
-    table.CANCELLA_MODULO();
-    add_module(table, "00010B", 16, "Nuovo");
-    sql("UPDATE nick SET nick = 'Campanello ' WHERE codice = '00010B' AND campo = '3'");
-    sql("UPDATE nick SET nick = 'Vecchio ' WHERE codice = '0001FF' AND campo = '3'");
-
-    table.LEGGI_INFORMAZIONE("0001", "3");
+    // So does the information of a point, by number and row.
+    sql("UPDATE nick SET nick = 'Campanello ' WHERE codice = '00010B' AND campo = '9'");
+    table.LEGGI_INFORMAZIONE("0001", "9");
     EXPECT_EQ(table.STATO_MODULO, kModuloEsistente);
     EXPECT_EQ(table.INFO_NICK, "Campanello ");
     EXPECT_EQ(table.INFO_CODICE, "00010B");
-    table.LEGGI_INFORMAZIONE("0009", "3");
+    table.LEGGI_INFORMAZIONE("0009", "9");
     EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
     EXPECT_EQ(table.INFO_NICK, "Campanello ");  // left as it was
 }
