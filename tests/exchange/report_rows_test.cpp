@@ -26,57 +26,47 @@ TEST(ReportRows, FitCountsCharactersNotBytes) {
 // The row of one link, from the link editor's plain switching link changed
 // as each case says.
 TEST(ReportRows, LinkRowsAndTechnicalLines) {
-    using L = store::LinkRow;
     const std::string untimed = "--------- --------- --------- ---------  ";
     struct Case {
         const char* name;
-        std::vector<std::pair<std::string L::*, const char*>> changes;
+        const char* changes;  // of the columns
         long long off_delay;
         ReportRow expected;
     };
     const Case cases[] = {
         {"plain",
-         {},
+         "",
          0,
          {"Pulsante", "001A11/2 ", "Luce", "002B15/3 ",
           "    001A11/2 -> 002B15/3  :P: 00000011 :251/8  : " + untimed, ""}},
         {"times over an hour (3725 s), off delay, condition",
-         {{&L::tempo_on1, "14"},
-          {&L::tempo_on2, "141"},
-          {&L::tempo_off2, "5"},
-          {&L::and_, "00000101"},
-          {&L::modo_, "100000111"}},
+         "tempo_on1=14|tempo_on2=141|tempo_off2=5|and=00000101|modo_=100000111",
          3600,
          {"Pulsante", "001A11/2 ", "Luce", "002B15/3 ",
           "    001A11/2 -> 002B15/3  :P: 10000011 :251/8  : 01h02'05\" 00h00'05\" 01h00'00\" "
           "00000101  ",
           ""}},
         {"timed row",
-         {{&L::nick_trasmittente, "ALLE_ORE"}, {&L::identificativoTX, "0000"}},
+         "nick_trasmittente=ALLE_ORE|identificativoTX=0000",
          0,
          {"EVENTO ORARIO", "0000 ", "Luce", "002B15/3 ",
           "    ORARIO 0000 -> 002B15/3  :P: 00000011 :.../...: " + untimed, ""}},
         {"gateway channel, long codes, long thresholds",
-         {{&L::nick_trasmittente, "NET_GATE"},
-          {&L::identificativoTX, "00FF2A/12"},
-          {&L::identificativoRX, "002B15/10"},
-          {&L::opzione, "E"}},
+         "nick_trasmittente=NET_GATE|identificativoTX=00FF2A/12|identificativoRX=002B15/"
+         "10|opzione=E",
          0,
          {"NET_GATE", "00FF2A/12", "Luce", "002B15/10",
           "    00FF2A/12-> 002B15/10 :E: 00000011 :.../...: " + untimed, ""}},
         {"percent thresholds cut to three, names with degrees",
-         {{&L::on_, "/100"},
-          {&L::off_, ""},
-          {&L::nick_trasmittente, "Puls. 2° piano"},
-          {&L::nick_ricevente, "Luce 1°"}},
+         "on_=/100|off_=|nick_trasmittente=Puls. 2° piano|nick_ricevente=Luce 1°",
          0,
          {"Puls. 2° piano", "001A11/2 ", "Luce 1°", "002B15/3 ",
           "    001A11/2 -> 002B15/3  :P: 00000011 :/10/   : " + untimed, ""}},
-        {"channel row", {{&L::nick_trasmittente, "SECONDA RIGA"}}, 7, {}},
+        {"channel row", "nick_trasmittente=SECONDA RIGA", 7, {}},
     };
     for (const Case& c : cases) {
-        store::LinkRow link = switching_link("002B15/3", "001A11/2", "Luce", "Pulsante");
-        for (const auto& [column, value] : c.changes) link.*column = value;
+        const store::LinkRow link = testing::with_columns(
+            switching_link("002B15/3", "001A11/2", "Luce", "Pulsante"), c.changes);
         EXPECT_EQ(link_report_row(link, c.off_delay), c.expected) << c.name;
     }
 }

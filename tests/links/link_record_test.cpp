@@ -7,7 +7,7 @@
 
 #include "bus/checksum.hpp"
 #include "bus/link_record.hpp"
-#include "support/sample_project.hpp"
+#include "store/store_fixture.hpp"
 
 namespace filo::links {
 namespace {
@@ -38,55 +38,47 @@ TEST(LinkImage, TheWorkedLinkGoesOutFieldByField) {
 }
 
 TEST(LinkImage, StoredFormsBecomeBusBytes) {
-    using R = store::LinkRow;
     using F = bus::LinkRecord;
     struct Case {
         const char* what;
-        std::vector<std::pair<std::string R::*, const char*>> stored;
+        const char* stored;  // the columns changed
         std::vector<std::pair<std::uint8_t F::*, int>> sent;
     } cases[] = {
         {"percentages",
-         {{&R::on_, "/100"}, {&R::off_, "/0"}, {&R::minuto, "/100"}},
+         "on_=/100|off_=/0|minuto=/100",
          {{&F::on_, 0xFB}, {&F::off_, 0x09}, {&F::minuto, 240}}},
-        {"tenths mark",
-         {{&R::tempo_on1, "1"}, {&R::tempo_on2, "123D"}},
-         {{&F::tempo_on1, 1}, {&F::tempo_on2, 0x7B}}},
+        {"tenths mark", "tempo_on1=1|tempo_on2=123D", {{&F::tempo_on1, 1}, {&F::tempo_on2, 0x7B}}},
         {"delay before switching off",
-         {{&R::dato13, "001044"}, {&R::minuto, "7"}},
+         "dato13=001044|minuto=7",
          {{&F::minuto, 44}, {&F::ora, 1}, {&F::giorno, 0x80}}},
         {"second row keeps its ramp start",
-         {{&R::nick_trasmittente, "SECONDA RIGA"},
-          {&R::dato13, "001044"},
-          {&R::minuto, "30"},
-          {&R::numero_ingresso, "130"},
-          {&R::numero_uscita, "11"}},
+         "nick_trasmittente=SECONDA RIGA|dato13=001044|minuto=30|numero_ingresso=130|"
+         "numero_uscita=11",
          {{&F::minuto, 30}, {&F::giorno, 0}, {&F::numero_ingresso, 130}, {&F::numero_uscita, 11}}},
         {"condition, first character lowest",
-         {{&R::and_, "10000001"}, {&R::settimana, "10000000"}},
+         "and=10000001|settimana=10000000",
          {{&F::and_, 0x81}, {&F::settimana, 0x80}}},
-        {"condition", {{&R::and_, "11000000"}}, {{&F::and_, 0x03}}},
+        {"condition", "and=11000000", {{&F::and_, 0x03}}},
         {"message bits first-highest",
-         {{&R::identificativoRX, "00031E/1"}, {&R::and_, "11000000"}},
+         "identificativoRX=00031E/1|and=11000000",
          {{&F::and_, 0xC0}}},
         {"a value out of a byte",
-         {{&R::on_, "256"}, {&R::numero_uscita, "35"}},
+         "on_=256|numero_uscita=35",
          {{&F::on_, 0}, {&F::numero_uscita, 0}}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        store::LinkRow row = worked_link();
-        for (const auto& [column, value] : c.stored) row.*column = value;
-        LinkImage image = link_image(row);
+        LinkImage image = link_image(testing::with_columns(worked_link(), c.stored));
         ASSERT_EQ(image.RECORD_LINK.size(), 35u);
         const bus::LinkRecord record = fields(image.RECORD_LINK);
         for (const auto& [field, value] : c.sent) EXPECT_EQ(record.*field, value);
     }
-    store::LinkRow video = worked_link();  // a page of the video door panel
-    video.identificativoRX = "FFF223/4";
-    EXPECT_EQ(fields(link_image(video).RECORD_LINK).receiver, 0xFFF0);
-    store::LinkRow gateway = worked_link();  // a gateway channel without a point
-    gateway.identificativoTX = "";
-    EXPECT_EQ(fields(link_image(gateway).RECORD_LINK).transmitter, 0);
+    // A page of the video door panel; a gateway channel without a point.
+    const auto record = [](const char* changes) {
+        return fields(link_image(testing::with_columns(worked_link(), changes)).RECORD_LINK);
+    };
+    EXPECT_EQ(record("identificativoRX=FFF223/4").receiver, 0xFFF0);
+    EXPECT_EQ(record("identificativoTX=").transmitter, 0);
 }
 
 }  // namespace

@@ -63,26 +63,15 @@ TEST_F(LinkQueriesTest, CommandsOfAnOutputAsTheEditorListsThem) {
 }
 
 TEST_F(LinkQueriesTest, ALinkReadForEditingWithItsSecondSetOfValues) {
-    using R = LinkRow;
-    links.LINK_CORRENTE = testing::switching_link("000125/1", "000211/1", "", "Pulsante");
-    testing::set_columns(links.LINK_CORRENTE, {{&R::tempo_on1, "007"},
-                                               {&R::tempo_on2, "3"},
-                                               {&R::tempo_off1, ""},
-                                               {&R::modo_, "000110012"},
-                                               {&R::off_, "9"},
-                                               {&R::and_, "10000000"},
-                                               {&R::settimana, "10000000"},
-                                               {&R::dato13, ""}});
+    links.LINK_CORRENTE = testing::with_columns(
+        testing::switching_link("000125/1", "000211/1", "", "Pulsante"),
+        "tempo_on1=007|tempo_on2=3|tempo_off1=|modo_=000110012|off_=9|and=10000000|"
+        "settimana=10000000|dato13=");
     links.AGGIUNGI_LINK();
-    testing::set_columns(row("000125/1", "000211/129", "SECONDA RIGA", "+"),
-                         {{&R::on_, "200"},
-                          {&R::off_, "/50"},
-                          {&R::tempo_on1, "001"},
-                          {&R::tempo_on2, "4"},
-                          {&R::tempo_off1, "0"},
-                          {&R::tempo_off2, "02"},
-                          {&R::minuto, "17"},
-                          {&R::modo_, "01000001"}});
+    LinkRow& c = row("000125/1", "000211/129", "SECONDA RIGA", "+");
+    c = testing::with_columns(c,
+                              "on_=200|off_=/50|tempo_on1=001|tempo_on2=4|tempo_off1=0|"
+                              "tempo_off2=02|minuto=17|modo_=01000001");
     links.AGGIUNGI_LINK();
 
     links.LINK_CORRENTE = LinkRow{};

@@ -1,8 +1,8 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <initializer_list>
-#include <utility>
+#include <algorithm>
+#include <string_view>
 #include <vector>
 
 #include "store/link_row.hpp"
@@ -24,11 +24,23 @@ inline std::string filled_columns(const store::LinkRow& row) {
     return out;
 }
 
-// Sets the columns given of a link row.
-inline void set_columns(
-    store::LinkRow& row,
-    std::initializer_list<std::pair<std::string store::LinkRow::*, const char*>> columns) {
-    for (const auto& [column, value] : columns) row.*column = value;
+// A link row with columns changed: "name=value" entries separated by "|",
+// the names of table associazioni.
+inline store::LinkRow with_columns(store::LinkRow row, std::string_view changes) {
+    for (std::size_t at = 0; at < changes.size();) {
+        const std::size_t end = std::min(changes.find('|', at), changes.size());
+        const std::string_view entry = changes.substr(at, end - at);
+        const std::size_t eq = entry.find('=');
+        const auto* c =
+            std::find_if(store::kLinkColumns.begin(), store::kLinkColumns.end(),
+                         [&](const auto& column) { return column.name == entry.substr(0, eq); });
+        if (c == store::kLinkColumns.end() || eq == std::string_view::npos)
+            ADD_FAILURE() << "no column: " << entry;
+        else
+            row.*c->field = std::string(entry.substr(eq + 1));
+        at = end + 1;
+    }
+    return row;
 }
 
 // An empty project, open, with its module table.
