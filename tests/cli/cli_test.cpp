@@ -3,12 +3,6 @@
 
 #include "cli/cli_fixture.hpp"
 
-#include "store/module_table.hpp"
-#include "store/project.hpp"
-#include "support/run_program.hpp"
-#include "support/sample_project.hpp"
-#include "support/temp_dir.hpp"
-
 namespace filo {
 namespace {
 
@@ -31,9 +25,6 @@ TEST_F(CliTest, NewCreatesAProjectOnceAndMakesTheTemplates) {
     EXPECT_EQ(blank.exit_code, 1);
     EXPECT_EQ(blank.err, "Inserire un nome progetto valido\n");
 
-    auto spanish = cli({"--lang", "SPA", "new", (dir / "dos.TRN").string()});
-    EXPECT_EQ(spanish.exit_code, 0) << spanish.err;
-
     // A project is <name>.TRN whatever else the name ends with.
     const struct {
         const char* typed;
@@ -53,31 +44,6 @@ TEST_F(CliTest, NewCreatesAProjectOnceAndMakesTheTemplates) {
     EXPECT_FALSE(std::filesystem::exists(dir / "x.txt"));
 }
 
-TEST_F(CliTest, ModulesPrintsBothListsOfTheProjectWindow) {
-    const auto file = testing::make_empty_project(dir.path(), "casa");
-    {
-        store::Project p;
-        p.open(file);
-        store::ModuleTable table(p);
-        testing::add_module(table, "00121F", 10, "Quadro cucina");
-        table.LEGGI_MODULO("00121F");
-        table.CODICE_MODULO = "00121F";
-        table.RIGHE_MODULO.riga(10).nick = "Luce d'angolo ";
-        table.MODIFICA_MODULO();
-    }
-    auto r = cli({"modules", file.string()});
-    ASSERT_EQ(r.exit_code, 0) << r.err;
-    EXPECT_EQ(r.out,
-              "00121F  Quadro cucina\n"
-              "--------INPUT" +
-                  std::string(42, ' ') +
-                  "---------\n"
-                  "--------RELE" +
-                  std::string(45, ' ') +
-                  "---------\n"
-                  "00121F/2   Luce d'angolo \n");
-}
-
 TEST_F(CliTest, ProjectsThatCannotBeOpenedAreUserErrors) {
     testing::write_file(dir / "rotto.TRN", "non un database");
     auto missing = cli({"modules", (dir / "manca.TRN").string()});
@@ -94,6 +60,9 @@ TEST_F(CliTest, WrongUsageExitsTwo) {
     EXPECT_EQ(cli({"new"}).exit_code, 2);
     EXPECT_EQ(cli({"--lang", "ENG", "texts"}).exit_code, 2);
     EXPECT_EQ(cli({"--help"}).exit_code, 0);
+    EXPECT_EQ(cli({"code"}).exit_code, 2);
+    EXPECT_EQ(cli({"frame"}).exit_code, 2);
+    EXPECT_EQ(cli({"code", "00121F", "00121F"}).exit_code, 2);
 }
 
 }  // namespace

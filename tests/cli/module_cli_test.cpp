@@ -15,11 +15,6 @@ namespace {
 class ModuleCliTest : public testing::CliFixture {
   protected:
     ModuleCliTest() : project(testing::make_empty_project(dir.path(), "casa").string()) {}
-    // The printed code of a 6-digit code.
-    std::string printed(const std::string& code) {
-        auto r = cli({"code", code});
-        return r.out.substr(0, 8);
-    }
     std::string project;
 };
 
@@ -55,12 +50,7 @@ TEST_F(ModuleCliTest, ModulesEnteredByTheirPrintedCode) {
     auto remote = cli({"add-module", project, printed("000A34"), "--receiver", "00094a"});
     ASSERT_EQ(remote.exit_code, 0) << remote.err;
     // A deleted module's number is free again.
-    {
-        store::Project p;
-        p.open(project);
-        p.database().exec(
-            "UPDATE nick SET codice = '0012FF', riserva = 'K' WHERE codice = '00121F'");
-    }
+    sql(project, "UPDATE nick SET codice = '0012FF', riserva = 'K' WHERE codice = '00121F'");
     EXPECT_EQ(cli({"add-module", project, printed("001215")}).exit_code, 0);
 
     auto list = cli({"modules", project});
@@ -148,18 +138,7 @@ TEST_F(ModuleCliTest, LinksListsEachRowWithItsFrame) {
         store::Project p;
         p.open(project);
         store::LinkTable links(p);
-        store::LinkRow& l = links.LINK_CORRENTE;
-        l.identificativoRX = "002B15/3";
-        l.numero_uscita = "3";
-        l.identificativoTX = "001A11/2";
-        l.numero_ingresso = "2";
-        l.tempo_on1 = l.tempo_on2 = l.tempo_off1 = l.tempo_off2 = "0";
-        l.modo_ = "000000112";
-        l.on_ = "251";
-        l.off_ = "8";
-        l.and_ = l.settimana = "00000000";
-        l.minuto = l.ora = l.giorno = "00";
-        l.dato13 = "000000";
+        links.LINK_CORRENTE = testing::switching_link("002B15/3", "001A11/2", "", "");
         links.AGGIUNGI_LINK();
         links.LINK_CORRENTE = store::LinkRow{};
         links.LINK_CORRENTE.note = "SECONDA PAGINA";

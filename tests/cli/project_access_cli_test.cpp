@@ -24,11 +24,6 @@ class ProjectAccessTest : public testing::CliFixture {
         for (const fs::path& p : {dir.path(), shared, fs::path(project)})
             fs::permissions(p, fs::perms::owner_all);
     }
-    void run_ok(const std::vector<std::string>& args) {
-        auto r = cli(args);
-        ASSERT_EQ(r.exit_code, 0) << r.err;
-    }
-    std::string printed(const std::string& code) { return cli({"code", code}).out.substr(0, 8); }
     // filo-cli as a user who may not write what root may: root itself
     // writes everywhere, so it runs the command as nobody.
     testing::ProgramResult as_other_user(const std::vector<std::string>& args,

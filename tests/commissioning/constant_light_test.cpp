@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "bus/checksum.hpp"
 #include "bus/envelope.hpp"
 #include "bus/line.hpp"
@@ -40,78 +42,36 @@ class ConstantLightTest : public ::testing::Test {
 };
 
 TEST_F(ConstantLightTest, TheModulesFramesMoveTheMarkersAndTheMessage) {
+    using enum Text;
     struct Case {
         const char* what;
-        const char* minimum;              // POTENZA_MINIMA
-        std::vector<std::string> frames;  // without checksum
+        const char* minimum;  // POTENZA_MINIMA
+        const char* frames;   // without checksum, separated by blanks
         int reading, command;
         bool red, band;
         Text message;
     } cases[] = {
-        {"a reading moves the sensor marker only",
-         "040",
-         {"(C00A096000000]"},
-         0x96,
-         -1,
-         false,
-         false,
-         Text::LIGHT_SET_LEVEL},
-        {"a command in range",
-         "040",
-         {"(800A01180]"},
-         -1,
-         0x80,
-         false,
-         false,
-         Text::LIGHT_SET_LEVEL},
-        {"above 250: full power",
-         "040",
-         {"(800A011FB]"},
-         -1,
-         251,
-         true,
-         false,
-         Text::LIGHT_FULL_POWER},
-        {"exactly 250 leaves colour and message",
-         "040",
-         {"(800A011FB]", "(800A011FA]"},
-         -1,
-         250,
-         true,
-         false,
-         Text::LIGHT_FULL_POWER},
-        {"251 under a higher minimum: red, the minimum's message",
-         "255",
-         {"(800A011FB]"},
-         -1,
-         251,
-         true,
-         true,
-         Text::LIGHT_MINIMUM_POWER},
-        {"at the minimum", "040", {"(800A01128]"}, -1, 40, false, true, Text::LIGHT_MINIMUM_POWER},
-        {"back in range after full power",
-         "040",
-         {"(800A011FF]", "(800A01180]"},
-         -1,
-         0x80,
-         false,
-         false,
-         Text::LIGHT_SET_LEVEL},
-        {"frames of other addresses change nothing",
-         "040",
-         {"(C00B096]", "(800B011FF]"},
-         -1,
-         -1,
-         false,
-         false,
-         Text::LIGHT_SET_LEVEL},
+        {"a reading moves the sensor marker only", "040", "(C00A096000000]", 0x96, -1, false, false,
+         LIGHT_SET_LEVEL},
+        {"a command in range", "040", "(800A01180]", -1, 0x80, false, false, LIGHT_SET_LEVEL},
+        {"above 250: full power", "040", "(800A011FB]", -1, 251, true, false, LIGHT_FULL_POWER},
+        {"exactly 250 leaves colour and message", "040", "(800A011FB] (800A011FA]", -1, 250, true,
+         false, LIGHT_FULL_POWER},
+        {"251 under a higher minimum: red, the minimum's message", "255", "(800A011FB]", -1, 251,
+         true, true, LIGHT_MINIMUM_POWER},
+        {"at the minimum", "040", "(800A01128]", -1, 40, false, true, LIGHT_MINIMUM_POWER},
+        {"back in range after full power", "040", "(800A011FF] (800A01180]", -1, 0x80, false, false,
+         LIGHT_SET_LEVEL},
+        {"frames of other addresses change nothing", "040", "(C00B096] (800B011FF]", -1, -1, false,
+         false, LIGHT_SET_LEVEL},
     };
     for (const auto& c : cases) {
         ConstantLight light(modules, line);
         light.MODULO_REGOLATORE = "00A019";
         light.Form_Load();
         light.POTENZA_MINIMA = c.minimum;
-        for (const std::string& f : c.frames) receiver.feed(bus::with_checksum(f));
+        std::istringstream frames(c.frames);
+        for (std::string f; frames >> f;) receiver.feed(bus::with_checksum(f));
         EXPECT_EQ(light.Label6, c.reading) << c.what;
         EXPECT_EQ(light.comando, c.command) << c.what;
         EXPECT_EQ(light.Shape6_red, c.red) << c.what;

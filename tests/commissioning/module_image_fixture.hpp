@@ -32,6 +32,15 @@ class ModuleImageTest : public StoreTest {
             set(codice, static_cast<int>(i + 1), "modo", letters[i] + std::string(23, '0'));
     }
 
+    // The modo of an output row: kind and contact, the AND bits, the RECIPROCO bits.
+    static std::string modo(const char* kind, const char* and_bits, const char* reciprocal) {
+        return std::string(kind) + and_bits + reciprocal;
+    }
+    // riserva3 of row 1: the 8 relay bits at zero, then the module parameters.
+    static std::string module_row(const char* parameters) {
+        return std::string(8, '0') + parameters;
+    }
+
     commissioning::ModuleImage image(const std::string& codice) {
         commissioning::ModuleImageReading r = reader.LEGGI_INGRESSI_MODULO(codice);
         EXPECT_EQ(r.STATO_MODULO, store::kModuloEsistente) << codice;

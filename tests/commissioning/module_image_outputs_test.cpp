@@ -88,34 +88,18 @@ TEST_F(ModuleImageTest, RelayRowsGiveInversionAndTheirMasks) {
     const std::string events = "251009" + std::string(44, '0');
     const Case cases[] = {
         {9, "RELE", plain, kZeros50, 0, "00", 0, "", "", "000", "000"},
-        {10, "RELE",
-         "0I000000"
-         "10000001"
-         "01000000",
-         events, 2, "02", 2, "10000001", "01000000", "251", "009"},
-        {16, "RELE",
-         "II000000"
-         "00000000"
-         "00000011",
-         kZeros50, 128, "80", 8, "00000000", "00000011", "000", "000"},
+        {10, "RELE", modo("0I000000", "10000001", "01000000"), events, 2, "02", 2, "10000001",
+         "01000000", "251", "009"},
+        {16, "RELE", modo("II000000", "00000000", "00000011"), kZeros50, 128, "80", 8, "00000000",
+         "00000011", "000", "000"},
         // A short modo leaves the masks at their start, so does a short riserva2.
         {12, "RELE", "II", "", 8, "08", 0, "", "", "000", "000"},
         // Only relays below row 17, and only RELE itself.
-        {17, "RELE",
-         "0I000000"
-         "11111111"
-         "11111111",
-         events, 0, "00", 0, "", "", "", ""},
-        {11, "DIMMER",
-         "0I000000"
-         "11111111"
-         "11111111",
-         events, 0, "00", 0, "", "", "000", "000"},
-        {13, "RELE_RADIO0102",
-         "0I000000"
-         "11111111"
-         "11111111",
-         events, 0, "00", 0, "", "", "000", "000"},
+        {17, "RELE", modo("0I000000", "11111111", "11111111"), events, 0, "00", 0, "", "", "", ""},
+        {11, "DIMMER", modo("0I000000", "11111111", "11111111"), events, 0, "00", 0, "", "", "000",
+         "000"},
+        {13, "RELE_RADIO0102", modo("0I000000", "11111111", "11111111"), events, 0, "00", 0, "", "",
+         "000", "000"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.tipologia) + " row " + std::to_string(c.campo));

@@ -149,10 +149,7 @@ TEST_F(ModuleImageTest, ShortParameterColumnsReadAsZeros) {
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.column) + " of " + std::to_string(c.length));
         const std::string codice = add("11");
-        const std::string riserva3 =
-            "00000000"
-            "077" +
-            std::string(15, '0');
+        const std::string riserva3 = module_row("077") + std::string(15, '0');
         const std::string riserva2 = "077" + std::string(47, '0');
         const bool module_column = std::string(c.column) == "riserva3";
         set(codice, 1, c.column, (module_column ? riserva3 : riserva2).substr(0, c.length));
@@ -194,7 +191,7 @@ TEST_F(ModuleImageTest, ModuleParametersByType) {
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.type) + " " + c.fields);
         const std::string codice = add(c.type);
-        set(codice, 1, "riserva3", std::string("00000000") + c.fields);
+        set(codice, 1, "riserva3", module_row(c.fields));
         const ModuleImage m = image(codice);
         const std::array<std::string, 8> got = {
             m.PERSONALIZZATO_1, m.PERSONALIZZATO_2, m.PERSONALIZZATO_3, m.PERSONALIZZATO_4,
@@ -249,14 +246,9 @@ TEST_F(ModuleImageTest, NothingOfTheImageGoesToPanelInterfaces) {
         SCOPED_TRACE(type);
         const std::string codice = add(type);
         set_letters(codice, "PiVTRNAF");
-        set(codice, 1, "riserva3",
-            "00000000"
-            "005005005005005005");
+        set(codice, 1, "riserva3", module_row("005005005005005005"));
         set(codice, 2, "riserva2", "123456789" + std::string(41, '0'));
-        set(codice, 10, "modo",
-            "II000000"
-            "10000000"
-            "01000000");
+        set(codice, 10, "modo", modo("II000000", "10000000", "01000000"));
         set(codice, 10, "riserva2", "100200300" + std::string(41, '0'));
         const ModuleImage m = image(codice);
         if (std::string(type) == "11") {

@@ -89,13 +89,8 @@ TEST_F(ProgrammingRunTest, EachPhaseSendsWhatDiffersFromTheModulesOwnValues) {
     const std::string a = add("11", 16);
     // Relays 1 and 2 inverted; relay 2 reciprocal with relay 1 and in AND with it.
     set(a, 9, "modo", "II" + std::string(22, '0'));
-    set(a, 10, "modo",
-        "0I000000"
-        "10000000"
-        "10000000");
-    set(a, 1, "riserva3",
-        "00000000"
-        "007000020010010030");  // P1 = 7, the rest defaults
+    set(a, 10, "modo", modo("0I000000", "10000000", "10000000"));
+    set(a, 1, "riserva3", module_row("007000020010010030"));  // P1 = 7, the rest defaults
     set_letters(a, "MMMMTMMM");
     set(a, 5, "riserva2", "010002060" + std::string(41, '0'));
     set(a, 10, "riserva2", "251009" + std::string(44, '0'));
@@ -145,13 +140,9 @@ TEST_F(ProgrammingRunTest, ReceiversLearnTheirRemotesByTheirNumberInTheProject) 
     sql("UPDATE nick SET riserva4 = '00104A' WHERE codice = 'C3D434'");
     sql("UPDATE nick SET riserva4 = '' WHERE codice = 'E5F635'");
     run.PROGRAMMA_IMPIANTO();
-    // The second remote of the project: commands "11" and "91".
-    EXPECT_EQ(count("(30010"
-                    "11C3]"),
-              1);
-    EXPECT_EQ(count("(30010"
-                    "91D4]"),
-              1);
+    // The second remote of the project (C3D4): commands "11" and "91".
+    EXPECT_EQ(count("(3001011C3]"), 1);
+    EXPECT_EQ(count("(3001091D4]"), 1);
     for (const std::string& f : frames()) {
         EXPECT_EQ(f.find("A1]"), std::string::npos) << f;
         EXPECT_EQ(f.find("E5]"), std::string::npos) << f;

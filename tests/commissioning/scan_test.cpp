@@ -80,7 +80,7 @@ TEST_F(ScanTest, ProbesEveryAddressFromOneTo255AndClosesProgrammingMode) {
     EXPECT_NEAR(io.write_times()[1] - io.write_times()[0], 0.15, 1e-9);
 }
 
-TEST(Scan, CollectsEachAnsweringModuleOnceInTheOrderOfAnswers) {
+TEST_F(ScanTest, CollectsEachAnsweringModuleOnceInTheOrderOfAnswers) {
     const struct Case {
         const char* name;
         Installation installation;
@@ -95,17 +95,10 @@ TEST(Scan, CollectsEachAnsweringModuleOnceInTheOrderOfAnswers) {
         // is collected after it.
         {"late answer", {{{0x10, 0x1F}}, 0.3}, {"00101F"}},
     };
-    for (const Case& c : cases) {
-        bus::ReceiveAssembler rx;
-        bus::VirtualLine vio{rx};
-        bus::Line l{vio, rx};
-        InstallationScan s{l};
-        vio.set_peer(peer_of(c.installation));
-        int next = s.start();
-        for (std::optional<int> n = next; n; n = s.tick())
-            vio.serve_until(vio.clock().now() + *n / 1000.0, [] { return false; });
-        vio.serve_until(vio.clock().now() + 1.0, [] { return false; });
-        EXPECT_EQ(s.List1, c.found) << c.name;
+    for (const Case& c : cases) {  // a new start clears the list
+        install(c.installation);
+        run();
+        EXPECT_EQ(scan.List1, c.found) << c.name;
     }
 }
 

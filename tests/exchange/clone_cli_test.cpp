@@ -83,7 +83,6 @@ TEST_F(CloneCliTest, EveryRefusalIsReportedAndChangesNothing) {
              "\ttitle=ATTENZIONE\tmessage=Tipo di modulo non compatibile \n"},
         {"number_used", clone_args("7"),
          "title=ATTENZIONE\tmessage=Questo numero clone esiste già \n"},
-        {"number_zero", clone_args("0"), "title=ATTENZIONE\tmessage=Inserire il N° clone\n"},
         {"no_sample", with(clone_args("1"), 3, (dir / "nessuno.TRN").string()),
          "title=\tmessage= Questo progetto non esiste\n"},
     };

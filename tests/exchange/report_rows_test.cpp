@@ -9,8 +9,6 @@ namespace {
 
 using testing::switching_link;
 
-constexpr const char* kDashes = "---------";
-
 TEST(ReportRows, TimeForm) {
     EXPECT_EQ(time_form(0), "00h00'00\"");
     EXPECT_EQ(time_form(3600), "01h00'00\"");
@@ -28,72 +26,47 @@ TEST(ReportRows, FitCountsCharactersNotBytes) {
 // The row of one link, from the link editor's plain switching link changed
 // as each case says.
 TEST(ReportRows, LinkRowsAndTechnicalLines) {
+    const std::string untimed = "--------- --------- --------- ---------  ";
     struct Case {
         const char* name;
-        void (*change)(store::LinkRow&);
+        const char* changes;  // of the columns
         long long off_delay;
         ReportRow expected;
     };
     const Case cases[] = {
         {"plain",
-         [](store::LinkRow&) {},
+         "",
          0,
          {"Pulsante", "001A11/2 ", "Luce", "002B15/3 ",
-          "    001A11/2 -> 002B15/3  :P: 00000011 :251/8  : --------- --------- --------- "
-          "---------  ",
-          ""}},
-        {"times over an hour, off delay, condition",
-         [](store::LinkRow& l) {
-             l.tempo_on1 = "14";
-             l.tempo_on2 = "141";  // 3725 s
-             l.tempo_off2 = "5";
-             l.and_ = "00000101";
-             l.modo_ = "100000111";
-         },
+          "    001A11/2 -> 002B15/3  :P: 00000011 :251/8  : " + untimed, ""}},
+        {"times over an hour (3725 s), off delay, condition",
+         "tempo_on1=14|tempo_on2=141|tempo_off2=5|and=00000101|modo_=100000111",
          3600,
          {"Pulsante", "001A11/2 ", "Luce", "002B15/3 ",
           "    001A11/2 -> 002B15/3  :P: 10000011 :251/8  : 01h02'05\" 00h00'05\" 01h00'00\" "
           "00000101  ",
           ""}},
         {"timed row",
-         [](store::LinkRow& l) {
-             l.nick_trasmittente = "ALLE_ORE";
-             l.identificativoTX = "0000";
-         },
+         "nick_trasmittente=ALLE_ORE|identificativoTX=0000",
          0,
          {"EVENTO ORARIO", "0000 ", "Luce", "002B15/3 ",
-          "    ORARIO 0000 -> 002B15/3  :P: 00000011 :.../...: --------- --------- --------- "
-          "---------  ",
-          ""}},
+          "    ORARIO 0000 -> 002B15/3  :P: 00000011 :.../...: " + untimed, ""}},
         {"gateway channel, long codes, long thresholds",
-         [](store::LinkRow& l) {
-             l.nick_trasmittente = "NET_GATE";
-             l.identificativoTX = "00FF2A/12";
-             l.identificativoRX = "002B15/10";
-             l.opzione = "E";
-         },
+         "nick_trasmittente=NET_GATE|identificativoTX=00FF2A/12|identificativoRX=002B15/"
+         "10|opzione=E",
          0,
          {"NET_GATE", "00FF2A/12", "Luce", "002B15/10",
-          "    00FF2A/12-> 002B15/10 :E: 00000011 :.../...: --------- --------- --------- "
-          "---------  ",
-          ""}},
+          "    00FF2A/12-> 002B15/10 :E: 00000011 :.../...: " + untimed, ""}},
         {"percent thresholds cut to three, names with degrees",
-         [](store::LinkRow& l) {
-             l.on_ = "/100";
-             l.off_ = "";
-             l.nick_trasmittente = "Puls. 2° piano";
-             l.nick_ricevente = "Luce 1°";
-         },
+         "on_=/100|off_=|nick_trasmittente=Puls. 2° piano|nick_ricevente=Luce 1°",
          0,
          {"Puls. 2° piano", "001A11/2 ", "Luce 1°", "002B15/3 ",
-          "    001A11/2 -> 002B15/3  :P: 00000011 :/10/   : --------- --------- --------- "
-          "---------  ",
-          ""}},
-        {"channel row", [](store::LinkRow& l) { l.nick_trasmittente = "SECONDA RIGA"; }, 7, {}},
+          "    001A11/2 -> 002B15/3  :P: 00000011 :/10/   : " + untimed, ""}},
+        {"channel row", "nick_trasmittente=SECONDA RIGA", 7, {}},
     };
     for (const Case& c : cases) {
-        store::LinkRow link = switching_link("002B15/3", "001A11/2", "Luce", "Pulsante");
-        c.change(link);
+        const store::LinkRow link = testing::with_columns(
+            switching_link("002B15/3", "001A11/2", "Luce", "Pulsante"), c.changes);
         EXPECT_EQ(link_report_row(link, c.off_delay), c.expected) << c.name;
     }
 }

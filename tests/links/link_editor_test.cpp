@@ -4,6 +4,7 @@
 
 #include "store/link_queries.hpp"
 #include "store/point_fixture.hpp"
+#include "support/sample_project.hpp"
 
 namespace filo::links {
 namespace {
@@ -24,17 +25,6 @@ class LinkEditorTest : public testing::PointTest {
         ASSERT_TRUE(editor.select_command(id(tx, tx_row) + tx_block, "cmd"));
         ASSERT_TRUE(editor.select_user(id(rx, rx_row), "user"));
     }
-    std::vector<store::LinkRow> saved() {
-        std::vector<store::LinkRow> rows;
-        auto q = project.database().prepare("SELECT ID FROM associazioni ORDER BY ID");
-        while (q.step()) {
-            store::LinkRow r;
-            links.read_row(q.integer(0), r);
-            rows.push_back(r);
-        }
-        return rows;
-    }
-
     store::LinkQueries queries{project, links, texts};
     LinkEditor editor{table, links, queries, texts};
 };
@@ -46,26 +36,12 @@ TEST_F(LinkEditorTest, AStepPushbuttonLinkIsAMainRowAndItsSecondPage) {
     ASSERT_TRUE(editor.select_mode(2));
     std::vector<std::int64_t> ids;
     ASSERT_EQ(editor.COLLEGA(false, &ids), LinkEditor::Save::Saved);
-    const std::vector<store::LinkRow> rows = saved();
+    const std::vector<store::LinkRow> rows = saved_links();
     ASSERT_EQ(rows.size(), 2u);
     EXPECT_EQ(ids, (std::vector<std::int64_t>{rows[0].ID, rows[1].ID}));
-    store::LinkRow expected;
+    // Mode 2 with the editor's values for a new link, as the shared sample gives them.
+    store::LinkRow expected = testing::switching_link("002B15/3", "001A11/2", "Luce", "Pulsante");
     expected.ID = rows[0].ID;
-    expected.identificativoRX = "002B15/3";
-    expected.numero_uscita = "3";
-    expected.nick_ricevente = "Luce";
-    expected.identificativoTX = "001A11/2";
-    expected.numero_ingresso = "2";
-    expected.nick_trasmittente = "Pulsante";
-    expected.opzione = "P";
-    expected.tempo_on1 = expected.tempo_on2 = expected.tempo_off1 = expected.tempo_off2 = "0";
-    expected.modo_ = "000000112";
-    expected.on_ = "251";
-    expected.off_ = "8";
-    expected.and_ = "00000000";
-    expected.minuto = expected.ora = expected.giorno = "00";
-    expected.settimana = "00000000";
-    expected.dato13 = "000000";
     EXPECT_EQ(rows[0], expected);
     EXPECT_EQ(rows[1].note, "SECONDA PAGINA");
     EXPECT_EQ(rows[1].identificativoRX, "");
@@ -77,28 +53,13 @@ TEST_F(LinkEditorTest, TimesAndTenthsAsStored) {
     struct Case {
         const char* module;
         TimeEntry on, delay, off;
-        const char* on1;
-        const char* on2;
-        const char* off1;
-        const char* off2;
-        const char* dato13;
-        const char* settimana;
+        const char* stored;  // tempo_on1, tempo_on2, tempo_off1, tempo_off2, dato13, settimana
     } cases[] = {
-        {"002B15", {1, 2, 3, 0}, {}, {0, 0, 5, 0}, "14", "139", "0", "0", "000005", "00000000"},
-        {"002B15", {0, 0, 37, 9}, {}, {}, "0", "37", "0", "0", "000000", "00000000"},  // no tenths
-        {"003C25", {0, 0, 37, 9}, {0, 0, 1, 5}, {}, "1", "123D", "0", "15D", "000000", "00110000"},
-        {"003C25", {}, {}, {0, 6, 49, 0}, "0", "0", "0", "0", "001153", "00000000"},  // 409 s:
-                                                                                      // seconds
-        {"003C25",
-         {17, 59, 59, 0},
-         {},
-         {0, 6, 48, 3},
-         "253",
-         "31",
-         "0",
-         "0",
-         "015243D",
-         "00001000"},
+        {"002B15", {1, 2, 3, 0}, {}, {0, 0, 5, 0}, "14,139,0,0,000005,00000000"},
+        {"002B15", {0, 0, 37, 9}, {}, {}, "0,37,0,0,000000,00000000"},  // no tenths
+        {"003C25", {0, 0, 37, 9}, {0, 0, 1, 5}, {}, "1,123D,0,15D,000000,00110000"},
+        {"003C25", {}, {}, {0, 6, 49, 0}, "0,0,0,0,001153,00000000"},  // 409 s: seconds
+        {"003C25", {17, 59, 59, 0}, {}, {0, 6, 48, 3}, "253,31,0,0,015243D,00001000"},
     };
     for (const Case& c : cases) {
         project.database().exec("DELETE FROM associazioni");
@@ -109,15 +70,12 @@ TEST_F(LinkEditorTest, TimesAndTenthsAsStored) {
         editor.delay_on = c.delay;
         editor.delay_off = c.off;
         ASSERT_EQ(editor.COLLEGA(false), LinkEditor::Save::Saved);
-        const store::LinkRow r = saved().front();
-        const std::string what = std::string(c.module) + " " + c.on2;
-        EXPECT_EQ(r.tempo_on1, c.on1) << what;
-        EXPECT_EQ(r.tempo_on2, c.on2) << what;
-        EXPECT_EQ(r.tempo_off1, c.off1) << what;
-        EXPECT_EQ(r.tempo_off2, c.off2) << what;
-        EXPECT_EQ(r.dato13, c.dato13) << what;
-        EXPECT_EQ(r.settimana, c.settimana) << what;
-        EXPECT_EQ(saved()[1].dato13, c.dato13) << what;
+        const std::vector<store::LinkRow> rows = saved_links();
+        const store::LinkRow& r = rows.front();
+        EXPECT_EQ(r.tempo_on1 + "," + r.tempo_on2 + "," + r.tempo_off1 + "," + r.tempo_off2 + "," +
+                      r.dato13 + "," + r.settimana,
+                  c.stored);
+        EXPECT_EQ(rows[1].dato13, r.dato13) << c.stored;
     }
 }
 
@@ -139,7 +97,7 @@ TEST_F(LinkEditorTest, TheLampOfAnIndicatorOutput) {
         EXPECT_TRUE(editor.boxes().lamp);
         editor.lamp = c.lamp;
         ASSERT_EQ(editor.COLLEGA(false), LinkEditor::Save::Saved);
-        const store::LinkRow r = saved().front();
+        const store::LinkRow r = saved_links().front();
         EXPECT_EQ(r.tempo_on1 + "," + r.tempo_on2 + "," + r.tempo_off1 + "," + r.tempo_off2,
                   std::string(c.on1) + "," + c.on2 + "," + c.off1 + "," + c.off2);
     }
@@ -156,11 +114,11 @@ TEST_F(LinkEditorTest, MessagesOfAMessageModule) {
     ASSERT_TRUE(editor.select_mode(4));  // "Pulsante solo spegne"
     EXPECT_FALSE(editor.boxes().frame9);
     EXPECT_EQ(editor.COLLEGA(false), LinkEditor::Save::NoMessages);
-    EXPECT_TRUE(saved().empty());
+    EXPECT_TRUE(saved_links().empty());
     editor.messages.set(0);
     editor.messages.set(95);
     ASSERT_EQ(editor.COLLEGA(false), LinkEditor::Save::Saved);
-    const store::LinkRow r = saved().front();
+    const store::LinkRow r = saved_links().front();
     EXPECT_EQ(r.identificativoRX, "00301E/0");
     EXPECT_EQ(r.modo_, "110000004");
     EXPECT_EQ(read_message_bits(r), editor.messages);
@@ -180,24 +138,22 @@ TEST_F(LinkEditorTest, DimmerAndRgbLinksCarryTheirChannelRows) {
     ASSERT_TRUE(editor.select_mode(1));  // "Regola la luminosità ambiente"
     ASSERT_TRUE(editor.ready());
     ASSERT_EQ(editor.COLLEGA(false), LinkEditor::Save::Saved);
-    std::vector<store::LinkRow> rows = saved();
+    std::vector<store::LinkRow> rows = saved_links();
     ASSERT_EQ(rows.size(), 2u);
     EXPECT_EQ(rows[0].opzione, "K");
     EXPECT_EQ(rows[0].modo_, "001000101");
-    const store::LinkRow& ch = rows[1];
-    EXPECT_EQ(ch.nick_trasmittente, "SECONDA RIGA");
-    EXPECT_EQ(ch.identificativoTX, "001A11/131");
-    EXPECT_EQ(ch.numero_uscita, "9");
-    EXPECT_EQ(ch.tempo_off2 + "," + ch.tempo_off1 + "," + ch.tempo_on2 + "," + ch.tempo_on1 + "," +
-                  ch.minuto,
-              "1,1,10,10,200");
-    EXPECT_EQ(ch.modo_, "00000010");  // the source is a regulator
+    // The channel row; its modo marks the source as a regulator.
+    EXPECT_EQ(testing::filled_columns(rows[1]),
+              "identificativoRX=005E25/1 identificativoTX=001A11/131 numero_uscita=9 "
+              "nick_ricevente=Faretti numero_ingresso=131 nick_trasmittente=SECONDA RIGA "
+              "opzione=+ tempo_on1=10 tempo_on2=10 modo_=00000010 tempo_off1=1 tempo_off2=1 "
+              "and=00000000 minuto=200 ora=00 giorno=00 settimana=00000000 dato13=000000");
 
     project.database().exec("DELETE FROM associazioni");
     pair("001A11", 3, "006F26", 9);
     ASSERT_TRUE(editor.select_mode(1));
     ASSERT_EQ(editor.COLLEGA(false), LinkEditor::Save::Saved);
-    rows = saved();
+    rows = saved_links();
     ASSERT_EQ(rows.size(), 6u);
     const char* outputs[] = {"006F26/1", "006F26/2", "006F26/3"};
     for (int c = 0; c < 3; ++c) {
@@ -222,23 +178,23 @@ TEST_F(LinkEditorTest, RefusedPairsAndModesThatNeedTheAdvancedOptions) {
     ASSERT_TRUE(editor.select_mode(1));  // heating on a fixed value
     EXPECT_TRUE(editor.needs_advanced_options());
     EXPECT_EQ(editor.COLLEGA(false), LinkEditor::Save::NeedsAdvanced);
-    EXPECT_TRUE(saved().empty());
+    EXPECT_TRUE(saved_links().empty());
 }
 
 TEST_F(LinkEditorTest, AnExistingPairIsReplacedOnlyWhenAsked) {
     pair("001A11", 2, "002B15", 11);
     ASSERT_TRUE(editor.select_mode(2));
     ASSERT_EQ(editor.COLLEGA(false), LinkEditor::Save::Saved);
-    const std::int64_t first = saved().front().ID;
+    const std::int64_t first = saved_links().front().ID;
 
     pair("001A11", 2, "002B15", 11);
     EXPECT_EQ(editor.stored_mode, 2);
     ASSERT_TRUE(editor.select_mode(1));
     EXPECT_EQ(editor.COLLEGA(false), LinkEditor::Save::Exists);
     EXPECT_EQ(editor.existing_id, first);
-    EXPECT_EQ(saved().front().modo_, "000000112");
+    EXPECT_EQ(saved_links().front().modo_, "000000112");
     ASSERT_EQ(editor.COLLEGA(true), LinkEditor::Save::Saved);
-    const std::vector<store::LinkRow> rows = saved();
+    const std::vector<store::LinkRow> rows = saved_links();
     ASSERT_EQ(rows.size(), 2u);
     EXPECT_EQ(rows[0].modo_, "000000101");
 }
@@ -250,7 +206,7 @@ TEST_F(LinkEditorTest, ALinkLandsWholeOrNotAtAll) {
     pair("001A11", 2, "002B15", 11);
     ASSERT_TRUE(editor.select_mode(2));
     EXPECT_ANY_THROW(editor.COLLEGA(false));
-    EXPECT_TRUE(saved().empty());
+    EXPECT_TRUE(saved_links().empty());
 }
 
 // An event of a set starts a link as its marker; the events of a simple

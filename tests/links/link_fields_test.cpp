@@ -5,7 +5,7 @@
 #include "links/link_codes.hpp"
 #include "links/link_rows.hpp"
 #include "links/link_times.hpp"
-#include "support/sample_project.hpp"
+#include "store/store_fixture.hpp"
 
 namespace filo::links {
 namespace {
@@ -122,41 +122,27 @@ store::LinkRow main_row() {
 }
 
 TEST(LinkRows, ContinuationRowsOfEachShape) {
-    store::LinkRow second = store::second_page(main_row());
-    EXPECT_EQ(second.note, "SECONDA PAGINA");
-    EXPECT_EQ(second.dato13, "001044");
-    EXPECT_EQ(second.identificativoRX, "");  // no receiver: never programmed
-    EXPECT_EQ(second.modo_, "");
+    // No receiver: never programmed.
+    EXPECT_EQ(testing::filled_columns(store::second_page(main_row())),
+              "note=SECONDA PAGINA dato13=001044");
 
     ChannelValues ramp{"200", "20", "0", "5", "0", "10", "30", true, false, true};
-    store::LinkRow channel = channel_row(main_row(), ramp);
-    EXPECT_EQ(channel.identificativoRX, "002B25/3");
-    EXPECT_EQ(channel.numero_uscita, "11");
-    EXPECT_EQ(channel.numero_ingresso, "130");
-    EXPECT_EQ(channel.identificativoTX, "001A11/130");
-    EXPECT_EQ(channel.nick_trasmittente, "SECONDA RIGA");
-    EXPECT_EQ(channel.opzione, "+");
-    EXPECT_EQ(channel.modo_, "01000010");
-    EXPECT_EQ(channel.on_, "200");
-    EXPECT_EQ(channel.tempo_off2, "10");
-    EXPECT_EQ(channel.minuto, "30");
+    EXPECT_EQ(testing::filled_columns(channel_row(main_row(), ramp)),
+              "identificativoRX=002B25/3 identificativoTX=001A11/130 numero_uscita=11 "
+              "nick_ricevente=Luce sala  numero_ingresso=130 nick_trasmittente=SECONDA RIGA "
+              "opzione=+ tempo_on1=0 tempo_on2=5 modo_=01000010 on_=200 off_=20 tempo_off1=0 "
+              "tempo_off2=10 and=00000000 minuto=30 ora=00 giorno=00 settimana=00000000 "
+              "dato13=001044");
 
     store::LinkRow main = main_row();
     make_reference_main(main);
     EXPECT_EQ(main.modo_, "010000112");
     EXPECT_EQ(main.on_, "3");
     EXPECT_EQ(main.off_, "0");
-    store::LinkRow reference = reference_row(main, "00051F/6", "Sonda ");
-    EXPECT_EQ(reference.identificativoRX, "002B25/3");
-    EXPECT_EQ(reference.identificativoTX, "00051F/6");
-    EXPECT_EQ(reference.numero_ingresso, "6");
-    EXPECT_EQ(reference.opzione, "a");
-    EXPECT_EQ(reference.note, "IMPOSTA IL VALORE DI RIFERIMENTO");
-    EXPECT_EQ(reference.modo_, "010000002");
-    EXPECT_EQ(reference.on_, "0");
-    EXPECT_EQ(reference.off_, "3");
-    EXPECT_EQ(reference.settimana, "");
-    EXPECT_EQ(reference.dato13, "001044");
+    EXPECT_EQ(testing::filled_columns(reference_row(main, "00051F/6", "Sonda ")),
+              "identificativoRX=002B25/3 identificativoTX=00051F/6 numero_uscita=3 "
+              "nick_ricevente=Luce sala  numero_ingresso=6 nick_trasmittente=Sonda  opzione=a "
+              "modo_=010000002 on_=0 off_=3 note=IMPOSTA IL VALORE DI RIFERIMENTO dato13=001044");
 }
 
 TEST(LinkRows, ShapeByFunction) {

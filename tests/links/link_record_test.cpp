@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "bus/checksum.hpp"
 #include "bus/link_record.hpp"
-#include "store/link_table.hpp"
 #include "store/store_fixture.hpp"
 
 namespace filo::links {
@@ -36,97 +38,48 @@ TEST(LinkImage, TheWorkedLinkGoesOutFieldByField) {
 }
 
 TEST(LinkImage, StoredFormsBecomeBusBytes) {
+    using F = bus::LinkRecord;
     struct Case {
         const char* what;
-        void (*edit)(store::LinkRow&);
-        void (*check)(const bus::LinkRecord&);
+        const char* stored;  // the columns changed
+        std::vector<std::pair<std::uint8_t F::*, int>> sent;
     } cases[] = {
         {"percentages",
-         [](store::LinkRow& r) {
-             r.on_ = "/100";
-             r.off_ = "/0";
-             r.minuto = "/100";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.on_, 0xFB);
-             EXPECT_EQ(f.off_, 0x09);
-             EXPECT_EQ(f.minuto, 240);
-         }},
-        {"tenths mark",
-         [](store::LinkRow& r) {
-             r.tempo_on1 = "1";
-             r.tempo_on2 = "123D";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.tempo_on1, 1);
-             EXPECT_EQ(f.tempo_on2, 0x7B);
-         }},
+         "on_=/100|off_=/0|minuto=/100",
+         {{&F::on_, 0xFB}, {&F::off_, 0x09}, {&F::minuto, 240}}},
+        {"tenths mark", "tempo_on1=1|tempo_on2=123D", {{&F::tempo_on1, 1}, {&F::tempo_on2, 0x7B}}},
         {"delay before switching off",
-         [](store::LinkRow& r) {
-             r.dato13 = "001044";
-             r.minuto = "7";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.minuto, 44);
-             EXPECT_EQ(f.ora, 1);
-             EXPECT_EQ(f.giorno, 0x80);
-         }},
+         "dato13=001044|minuto=7",
+         {{&F::minuto, 44}, {&F::ora, 1}, {&F::giorno, 0x80}}},
         {"second row keeps its ramp start",
-         [](store::LinkRow& r) {
-             r.nick_trasmittente = "SECONDA RIGA";
-             r.dato13 = "001044";
-             r.minuto = "30";
-             r.numero_ingresso = "130";
-             r.numero_uscita = "11";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.minuto, 30);
-             EXPECT_EQ(f.giorno, 0);
-             EXPECT_EQ(f.numero_ingresso, 130);
-             EXPECT_EQ(f.numero_uscita, 11);
-         }},
+         "nick_trasmittente=SECONDA RIGA|dato13=001044|minuto=30|numero_ingresso=130|"
+         "numero_uscita=11",
+         {{&F::minuto, 30}, {&F::giorno, 0}, {&F::numero_ingresso, 130}, {&F::numero_uscita, 11}}},
         {"condition, first character lowest",
-         [](store::LinkRow& r) {
-             r.and_ = "10000001";
-             r.settimana = "10000000";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.and_, 0x81);
-             EXPECT_EQ(f.settimana, 0x80);
-         }},
-        {"condition", [](store::LinkRow& r) { r.and_ = "11000000"; },
-         [](const bus::LinkRecord& f) { EXPECT_EQ(f.and_, 0x03); }},
+         "and=10000001|settimana=10000000",
+         {{&F::and_, 0x81}, {&F::settimana, 0x80}}},
+        {"condition", "and=11000000", {{&F::and_, 0x03}}},
         {"message bits first-highest",
-         [](store::LinkRow& r) {
-             r.identificativoRX = "00031E/1";
-             r.and_ = "11000000";
-         },
-         [](const bus::LinkRecord& f) { EXPECT_EQ(f.and_, 0xC0); }},
-        {"video door page", [](store::LinkRow& r) { r.identificativoRX = "FFF223/4"; },
-         [](const bus::LinkRecord& f) { EXPECT_EQ(f.receiver, 0xFFF0); }},
-        {"gateway channel without a point", [](store::LinkRow& r) { r.identificativoTX = ""; },
-         [](const bus::LinkRecord& f) { EXPECT_EQ(f.transmitter, 0); }},
+         "identificativoRX=00031E/1|and=11000000",
+         {{&F::and_, 0xC0}}},
         {"a value out of a byte",
-         [](store::LinkRow& r) {
-             r.on_ = "256";
-             r.numero_uscita = "35";
-         },
-         [](const bus::LinkRecord& f) {
-             EXPECT_EQ(f.on_, 0);
-             EXPECT_EQ(f.numero_uscita, 0);
-         }},
+         "on_=256|numero_uscita=35",
+         {{&F::on_, 0}, {&F::numero_uscita, 0}}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        store::LinkRow row = worked_link();
-        c.edit(row);
-        LinkImage image = link_image(row);
+        LinkImage image = link_image(testing::with_columns(worked_link(), c.stored));
         ASSERT_EQ(image.RECORD_LINK.size(), 35u);
-        c.check(fields(image.RECORD_LINK));
+        const bus::LinkRecord record = fields(image.RECORD_LINK);
+        for (const auto& [field, value] : c.sent) EXPECT_EQ(record.*field, value);
     }
+    // A page of the video door panel; a gateway channel without a point.
+    const auto record = [](const char* changes) {
+        return fields(link_image(testing::with_columns(worked_link(), changes)).RECORD_LINK);
+    };
+    EXPECT_EQ(record("identificativoRX=FFF223/4").receiver, 0xFFF0);
+    EXPECT_EQ(record("identificativoTX=").transmitter, 0);
 }
-
-using LinkImageTableTest = testing::StoreTest;
 
 }  // namespace
 }  // namespace filo::links

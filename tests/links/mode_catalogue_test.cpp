@@ -21,159 +21,73 @@ struct OfferCase {
     const char* modes;  // the indices shown, in order
 };
 
+// The pairs as the link editor makes them: a command of an input, or an
+// event, on a user of the given type; the rest set by the helpers below.
+ModePair in(const char* command, const char* user) {
+    return {.TIPO_COMANDO = command, .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = user};
+}
+ModePair ev(const char* command, const char* user) {
+    return {.TIPO_COMANDO = command, .CLASSE_COMANDO = "EVENTO", .TIPO_UTILIZZATORE = user};
+}
+ModePair group(ModePair p) {
+    p.UTILIZZATORE = "USA GRUPPO";
+    return p;
+}
+ModePair messages(ModePair p) {
+    p.TIPO_UTILIZZATORE.clear();
+    p.UTILIZZATORE = "MESSAGGI";
+    return p;
+}
+ModePair output_of(ModePair p, const char* module_type, int output) {
+    p.user_module_type = module_type;
+    p.numero_uscita = output;
+    return p;
+}
+ModePair variator(ModePair p) {
+    p.MODO_UTILIZZATORE = "0V";
+    return p;
+}
+
 TEST(ModeCatalogue, FamilyAndModesOfEachPair) {
     texts::LanguageTables texts;
+    ModePair presence = ev("EP", "RELE");
+    presence.CLASSE_COMANDO = "PRESENZA";
+    ModePair consent = ev("E", "DIMMER");
+    consent.CONSENSO_COMANDI = "CONSENTE_COMANDI";
     const OfferCase cases[] = {
-        {"pushbutton on a relay",
-         {.TIPO_COMANDO = "P", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"},
-         "MONOSTABILE",
-         "123456"},
-        {"safety pushbutton keeps its numbers",
-         {.TIPO_COMANDO = "p", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"},
-         "MONOSTABILE",
-         "1345"},
-        {"switch",
-         {.TIPO_COMANDO = "I", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"},
-         "BISTABILE",
-         "1234567"},
-        {"held",
-         {.TIPO_COMANDO = "T", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"},
-         "TENUTO_TANTO",
-         "12345"},
-        {"short press",
-         {.TIPO_COMANDO = "t", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"},
-         "TENUTO_POCO",
-         "123"},
-        {"pulses",
-         {.TIPO_COMANDO = "N", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"},
-         "IMPULSI",
-         "123"},
-        {"presence never changes state",
-         {.TIPO_COMANDO = "EP", .CLASSE_COMANDO = "PRESENZA", .TIPO_UTILIZZATORE = "RELE"},
-         "EVENTO_PRESENZA",
-         "12"},
-        {"card",
-         {.TIPO_COMANDO = "card", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"},
-         "CARD",
-         "1234567"},
-        {"thermostat",
-         {.TIPO_COMANDO = "J", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"},
-         "6",
-         "12345"},
-        {"analogue on relay",
-         {.TIPO_COMANDO = "A", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"},
-         "3A",
-         "12"},
-        {"analogue on relay group",
-         {.TIPO_COMANDO = "A",
-          .CLASSE_COMANDO = "INPUT",
-          .TIPO_UTILIZZATORE = "RELE",
-          .UTILIZZATORE = "USA GRUPPO"},
-         "3A",
-         "1"},
-        {"variator on RGB",
-         {.TIPO_COMANDO = "V", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RGB"},
-         "3B",
-         "12"},
-        {"variator on dimmer",
-         {.TIPO_COMANDO = "V", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "DIMMER"},
-         "3B",
-         "1"},
-        {"analogue on lamp",
-         {.TIPO_COMANDO = "A", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "SPIA"},
-         "3D",
-         "12"},
-        {"analogue on video door",
-         {.TIPO_COMANDO = "A", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "VCITOF"},
-         "",
-         ""},
-        {"light sensor",
-         {.TIPO_COMANDO = "L", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"},
-         "7E",
-         "12"},
-        {"regulator on a group offers nothing",
-         {.TIPO_COMANDO = "K",
-          .CLASSE_COMANDO = "INPUT",
-          .TIPO_UTILIZZATORE = "DIMMER",
-          .UTILIZZATORE = "USA GRUPPO"},
-         "7G",
-         ""},
-        {"current sensor on a group",
-         {.TIPO_COMANDO = "b",
-          .CLASSE_COMANDO = "INPUT",
-          .TIPO_UTILIZZATORE = "RELE",
-          .UTILIZZATORE = "USA GRUPPO"},
-         "CORRENTE",
-         "13"},
-        {"event",
-         {.TIPO_COMANDO = "E", .CLASSE_COMANDO = "EVENTO", .TIPO_UTILIZZATORE = "RELE"},
-         "EVENTO",
-         "1234567"},
-        {"event on dimmer with consent",
-         {.TIPO_COMANDO = "E",
-          .CLASSE_COMANDO = "EVENTO",
-          .TIPO_UTILIZZATORE = "DIMMER",
-          .CONSENSO_COMANDI = "CONSENTE_COMANDI"},
-         "EVENTO",
-         "123456789"},
-        {"event on messages keeps Cambia stato",
-         {.TIPO_COMANDO = "E", .CLASSE_COMANDO = "EVENTO", .UTILIZZATORE = "MESSAGGI"},
-         "EVENTO",
-         "1234567"},
-        {"event on a flag hides Cambia stato",
-         {.TIPO_COMANDO = "E", .CLASSE_COMANDO = "EVENTO", .TIPO_UTILIZZATORE = "FLAG"},
-         "EVENTO",
-         "123467"},
-        {"aggregate on flag output",
-         {.TIPO_COMANDO = "ES",
-          .CLASSE_COMANDO = "EVENTO",
-          .TIPO_UTILIZZATORE = "RELE",
-          .user_module_type = "15",
-          .numero_uscita = 9},
-         "ASSOCIAZIONI",
+        {"pushbutton on a relay", in("P", "RELE"), "MONOSTABILE", "123456"},
+        {"safety pushbutton keeps its numbers", in("p", "RELE"), "MONOSTABILE", "1345"},
+        {"switch", in("I", "RELE"), "BISTABILE", "1234567"},
+        {"held", in("T", "RELE"), "TENUTO_TANTO", "12345"},
+        {"short press", in("t", "RELE"), "TENUTO_POCO", "123"},
+        {"pulses", in("N", "RELE"), "IMPULSI", "123"},
+        {"presence never changes state", presence, "EVENTO_PRESENZA", "12"},
+        {"card", in("card", "RELE"), "CARD", "1234567"},
+        {"thermostat", in("J", "RELE"), "6", "12345"},
+        {"analogue on relay", in("A", "RELE"), "3A", "12"},
+        {"analogue on relay group", group(in("A", "RELE")), "3A", "1"},
+        {"variator on RGB", in("V", "RGB"), "3B", "12"},
+        {"variator on dimmer", in("V", "DIMMER"), "3B", "1"},
+        {"analogue on lamp", in("A", "SPIA"), "3D", "12"},
+        {"analogue on video door", in("A", "VCITOF"), "", ""},
+        {"light sensor", in("L", "RELE"), "7E", "12"},
+        {"regulator on a group offers nothing", group(in("K", "DIMMER")), "7G", ""},
+        {"current sensor on a group", group(in("b", "RELE")), "CORRENTE", "13"},
+        {"event", ev("E", "RELE"), "EVENTO", "1234567"},
+        {"event on dimmer with consent", consent, "EVENTO", "123456789"},
+        {"event on messages keeps Cambia stato", messages(ev("E", "")), "EVENTO", "1234567"},
+        {"event on a flag hides Cambia stato", ev("E", "FLAG"), "EVENTO", "123467"},
+        {"aggregate on flag output", output_of(ev("ES", "RELE"), "15", 9), "ASSOCIAZIONI",
          "123567"},
-        {"analogue event",
-         {.TIPO_COMANDO = "EA", .CLASSE_COMANDO = "EVENTO", .TIPO_UTILIZZATORE = "RELE"},
-         "",
-         ""},
-        {"pushbutton without timers loses both step modes",
-         {.TIPO_COMANDO = "P",
-          .CLASSE_COMANDO = "INPUT",
-          .TIPO_UTILIZZATORE = "RELE",
-          .user_module_type = "11",
-          .numero_uscita = 10},
-         "MONOSTABILE",
-         "1345"},
+        {"analogue event", ev("EA", "RELE"), "", ""},
+        {"pushbutton without timers loses both step modes", output_of(in("P", "RELE"), "11", 10),
+         "MONOSTABILE", "1345"},
         {"pushbutton on a low output of the same type keeps them",
-         {.TIPO_COMANDO = "P",
-          .CLASSE_COMANDO = "INPUT",
-          .TIPO_UTILIZZATORE = "RELE",
-          .user_module_type = "11",
-          .numero_uscita = 8},
-         "MONOSTABILE",
-         "123456"},
-        {"switch on messages",
-         {.TIPO_COMANDO = "I", .CLASSE_COMANDO = "INPUT", .UTILIZZATORE = "MESSAGGI"},
-         "BISTABILE",
-         "134567"},
-        {"pushbutton on video door",
-         {.TIPO_COMANDO = "P", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "VCITOF"},
-         "BISTABILE",
-         "1"},
-        {"pushbutton on variator relay",
-         {.TIPO_COMANDO = "P",
-          .CLASSE_COMANDO = "INPUT",
-          .TIPO_UTILIZZATORE = "RELE",
-          .MODO_UTILIZZATORE = "0V"},
-         "MONOSTABILE",
-         "1"},
-        {"held on variator relay",
-         {.TIPO_COMANDO = "T",
-          .CLASSE_COMANDO = "INPUT",
-          .TIPO_UTILIZZATORE = "RELE",
-          .MODO_UTILIZZATORE = "0V"},
-         "TENUTO_TANTO",
-         "4"},
+         output_of(in("P", "RELE"), "11", 8), "MONOSTABILE", "123456"},
+        {"switch on messages", messages(in("I", "")), "BISTABILE", "134567"},
+        {"pushbutton on video door", in("P", "VCITOF"), "BISTABILE", "1"},
+        {"pushbutton on variator relay", variator(in("P", "RELE")), "MONOSTABILE", "1"},
+        {"held on variator relay", variator(in("T", "RELE")), "TENUTO_TANTO", "4"},
     };
     for (const OfferCase& c : cases) {
         const ModeOffer offer = offer_modes(c.pair, texts);
@@ -185,21 +99,14 @@ TEST(ModeCatalogue, FamilyAndModesOfEachPair) {
 TEST(ModeCatalogue, CaptionsFollowTheLanguageButFixedOnes) {
     texts::LanguageTables texts;
     texts.ITALIANO();
-    const ModePair video{
-        .TIPO_COMANDO = "P", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "VCITOF"};
-    EXPECT_EQ(offer_modes(video, texts).caption[1], "Visualizza messaggio a schermo");
-    const ModePair push{
-        .TIPO_COMANDO = "P", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"};
+    EXPECT_EQ(offer_modes(in("P", "VCITOF"), texts).caption[1], "Visualizza messaggio a schermo");
+    const ModePair push = in("P", "RELE");
     EXPECT_EQ(offer_modes(push, texts).caption[2],
               "Pulsante passo-passo (un colpo accende e uno spegne)");
-    const ModePair event{
-        .TIPO_COMANDO = "E", .CLASSE_COMANDO = "EVENTO", .TIPO_UTILIZZATORE = "RELE"};
     texts.SPAGNOLO();
     EXPECT_EQ(offer_modes(push, texts).caption[1], "Pulsador tipo timbre");
-    EXPECT_EQ(offer_modes(event, texts).caption[1], "Segue lo stato del relè");
-    const ModePair thermo{
-        .TIPO_COMANDO = "J", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"};
-    EXPECT_EQ(offer_modes(thermo, texts).caption[5], "Solo accende");
+    EXPECT_EQ(offer_modes(ev("E", "RELE"), texts).caption[1], "Segue lo stato del relè");
+    EXPECT_EQ(offer_modes(in("J", "RELE"), texts).caption[5], "Solo accende");
 }
 
 struct SettingCase {
@@ -224,24 +131,10 @@ std::string flags_of(const ModeFields& f) {
 
 TEST(ModeCatalogue, WhatEachModeWrites) {
     texts::LanguageTables texts;
-    const ModePair push{
-        .TIPO_COMANDO = "P", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"};
-    const ModePair sw{.TIPO_COMANDO = "I", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"};
-    const ModePair card{
-        .TIPO_COMANDO = "card", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"};
-    const ModePair event{
-        .TIPO_COMANDO = "E", .CLASSE_COMANDO = "EVENTO", .TIPO_UTILIZZATORE = "RELE"};
-    const ModePair aggregate{
-        .TIPO_COMANDO = "ES", .CLASSE_COMANDO = "EVENTO", .TIPO_UTILIZZATORE = "RELE"};
-    const ModePair thermo{
-        .TIPO_COMANDO = "J", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"};
-    const ModePair lamp{
-        .TIPO_COMANDO = "A", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "SPIA"};
-    const ModePair rgb{.TIPO_COMANDO = "V", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RGB"};
-    const ModePair dimmer_push{
-        .TIPO_COMANDO = "P", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "DIMMER"};
-    const ModePair power{
-        .TIPO_COMANDO = "b", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"};
+    const ModePair push = in("P", "RELE"), sw = in("I", "RELE"), card = in("card", "RELE");
+    const ModePair event = ev("E", "RELE"), aggregate = ev("ES", "RELE");
+    const ModePair thermo = in("J", "RELE"), lamp = in("A", "SPIA"), rgb = in("V", "RGB");
+    const ModePair dimmer_push = in("P", "DIMMER"), power = in("b", "RELE");
     const SettingCase cases[] = {
         {push, 1, "251", "9", "", 1},
         {push, 2, "251", "8", "P", 1},
@@ -281,16 +174,11 @@ TEST(ModeCatalogue, WhatEachModeWrites) {
 
 TEST(ModeCatalogue, SpecialModesAndVideoDoorCodes) {
     texts::LanguageTables texts;
-    const ModePair k_dimmer{
-        .TIPO_COMANDO = "K", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "DIMMER"};
-    const ModePair k_relay{
-        .TIPO_COMANDO = "K", .CLASSE_COMANDO = "INPUT", .TIPO_UTILIZZATORE = "RELE"};
+    const ModePair k_dimmer = in("K", "DIMMER"), k_relay = in("K", "RELE");
     EXPECT_TRUE(select_mode(k_dimmer, offer_modes(k_dimmer, texts), 1).REGOLA_LUMINOSITA);
     EXPECT_FALSE(select_mode(k_relay, offer_modes(k_relay, texts), 1).REGOLA_LUMINOSITA);
-    const ModePair event{.TIPO_COMANDO = "E",
-                         .CLASSE_COMANDO = "EVENTO",
-                         .TIPO_UTILIZZATORE = "DIMMER",
-                         .CONSENSO_COMANDI = "E"};
+    ModePair event = ev("E", "DIMMER");
+    event.CONSENSO_COMANDI = "E";
     const ModeOffer offer = offer_modes(event, texts);
     EXPECT_TRUE(select_mode(event, offer, 8).analog_command);
     EXPECT_TRUE(select_mode(event, offer, 9).GESTIONE_EMERGENZA);

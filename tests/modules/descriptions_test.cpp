@@ -120,16 +120,6 @@ TEST_F(DescriptionsTest, SpecialOptions) {
     EXPECT_EQ(led.riga(12).tipologia, "DIMMER");
     EXPECT_TRUE(read_parameters(pilota, led, italian).rgb_channels);
 
-    // Remote elements: one flag in place of fields.
-    store::ModuleRecord remote = module("000234");
-    const ModuleType& telecomando = *find_type("34");
-    ParameterPage flag = read_parameters(telecomando, remote, italian);
-    EXPECT_FALSE(flag.rolling_code);
-    flag.rolling_code = true;
-    write_parameters(telecomando, flag, remote);
-    EXPECT_EQ(remote.riga(1).riserva3.substr(17, 1), "1");
-    EXPECT_TRUE(read_parameters(telecomando, remote, italian).rolling_code);
-
     // The card reader: model and cards; entries other than six characters are dropped.
     store::ModuleRecord reader = module("00031A");
     reader.riga(2).dati_aggiuntivi1 = "A1B2C3D4E5F6";

@@ -2,39 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include "modules/module_editor_fixture.hpp"
 #include "modules/parameter_fields.hpp"
-#include "store/link_table.hpp"
-#include "store/store_fixture.hpp"
 
 namespace filo::modules {
 namespace {
 
 using R = EditRefusal;
 
-class ModuleEditorTest : public testing::StoreTest {
-  protected:
-    // A saved module of the code's type, opened for editing.
-    void make(const std::string& code) {
-        ASSERT_TRUE(editor.create(code));
-        ASSERT_EQ(editor.save(), R::None);
-        ASSERT_TRUE(editor.open(code));
-    }
-    void link(const std::string& rx, const std::string& rx_name, const std::string& tx,
-              const std::string& tx_name) {
-        links.LINK_CORRENTE = store::LinkRow{};
-        links.LINK_CORRENTE.identificativoRX = rx;
-        links.LINK_CORRENTE.numero_uscita = rx.substr(7);
-        links.LINK_CORRENTE.nick_ricevente = rx_name;
-        links.LINK_CORRENTE.identificativoTX = tx;
-        links.LINK_CORRENTE.numero_ingresso = tx.substr(7);
-        links.LINK_CORRENTE.nick_trasmittente = tx_name;
-        links.AGGIUNGI_LINK();
-    }
-    store::NickRow& row(int r) { return table.RIGHE_MODULO.riga(r); }
-
-    store::LinkTable links{project};
-    ModuleEditor editor{table, links};
-};
+using ModuleEditorTest = testing::ModuleEditorTest;
 
 TEST_F(ModuleEditorTest, NamesAreCheckedAndStoredAsTheWindowStoresThem) {
     make("000215");
@@ -61,7 +37,8 @@ TEST_F(ModuleEditorTest, LinkedPointsKeepTheirNameAndKindAndRenamesReachTheLinks
     editor.rename(9, "Luce sala");
     editor.rename(1, "Pulsante");
     editor.save();
-    link("000215/1", "Luce sala ", "000215/1", "Pulsante");
+    links.LINK_CORRENTE = testing::switching_link("000215/1", "000215/1", "Luce sala ", "Pulsante");
+    links.AGGIUNGI_LINK();
     ASSERT_TRUE(editor.open("000215"));
     EXPECT_EQ(editor.rename(9, ""), R::NameLinked);
     EXPECT_EQ(editor.rename(1, ""), R::NameLinked);

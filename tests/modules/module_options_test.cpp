@@ -2,10 +2,8 @@
 // the same editor: a value the window can't produce is refused, nothing kept.
 #include <gtest/gtest.h>
 
-#include "modules/module_editor.hpp"
+#include "modules/module_editor_fixture.hpp"
 #include "modules/parameter_fields.hpp"
-#include "store/link_table.hpp"
-#include "store/store_fixture.hpp"
 #include "texts/language_tables.hpp"
 
 namespace filo::modules {
@@ -13,18 +11,8 @@ namespace {
 
 using R = EditRefusal;
 
-class ModuleOptionsTest : public testing::StoreTest {
+class ModuleOptionsTest : public testing::ModuleEditorTest {
   protected:
-    void make(const std::string& code, std::initializer_list<std::pair<int, const char*>> names) {
-        ASSERT_TRUE(editor.create(code));
-        for (const auto& [row, name] : names) ASSERT_EQ(editor.rename(row, name), R::None) << row;
-        ASSERT_EQ(editor.save(), R::None);
-        ASSERT_TRUE(editor.open(code));
-    }
-    store::NickRow& row(int r) { return table.RIGHE_MODULO.riga(r); }
-
-    store::LinkTable links{project};
-    ModuleEditor editor{table, links};
     texts::LanguageTables texts;
 };
 
@@ -183,20 +171,6 @@ TEST_F(ModuleOptionsTest, ReaderCardsAndRemoteElementOptions) {
     EXPECT_EQ(receiver_code(row(1).riserva4), "00054A");
     EXPECT_EQ(editor.set_rolling_code(true), R::None);
     EXPECT_TRUE(uses_rolling_code(module_parameters(row(1).riserva3)));
-}
-
-TEST_F(ModuleOptionsTest, DeletionTakesTheModulesLinksAndFreesItsNumber) {
-    make("000215", {{9, "Luce"}});
-    make("000315", {{9, "Altra"}});
-    sql("INSERT INTO associazioni (identificativoRX, identificativoTX, nick_ricevente) VALUES"
-        " ('000215/1', '000315/1', 'Luce '), ('000315/1', '000315/2', 'Altra ')");
-    ASSERT_TRUE(editor.open("000215"));
-    editor.delete_module();
-    EXPECT_EQ(count("SELECT COUNT(*) FROM associazioni"), 1);
-    // A live module sharing its number with deleted rows is found, not entered twice.
-    make("000211", {});
-    table.VERIFICA_MODULO("000211");
-    EXPECT_EQ(table.RIGHE_MODULO.riga(1).codice, "000211");
 }
 
 }  // namespace

@@ -60,17 +60,11 @@ TEST_F(ModuleRowsTest, TypeDependentMarks) {
         const char* code;
         int row;
         std::string store::NickRow::*column;
-        const char* value;
+        std::string value;
     } cases[] = {
         // Each relay of the 2-relay module has the other's RECIPROCO bit.
-        {"000112", 9, &store::NickRow::modo,
-         "I0000000"
-         "00000000"
-         "01000000"},
-        {"000112", 10, &store::NickRow::modo,
-         "I0000000"
-         "00000000"
-         "10000000"},
+        {"000112", 9, &store::NickRow::modo, "I0000000" + std::string(8, '0') + "01000000"},
+        {"000112", 10, &store::NickRow::modo, "I0000000" + std::string(8, '0') + "10000000"},
         {"000112", 11, &store::NickRow::modo, "I00000000000000000000000"},
         {"000215", 9, &store::NickRow::modo, "I00000000000000000000000"},
         {"000215", 9, &store::NickRow::connesso, "........"},

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <string>
 #include <vector>
 
@@ -11,8 +10,6 @@
 
 namespace filo::modules {
 namespace {
-
-using texts::Text;
 
 TEST(TypeCatalogue, EveryTypeWithADescription) {
     struct Row {
@@ -80,28 +77,6 @@ TEST(TypeCatalogue, WhereAModuleOpens) {
         {"0A", &wired, Opening::Unsupported},
     };
     for (const Case& c : cases) EXPECT_EQ(opening_of(c.type, *c.project), c.opening) << c.type;
-}
-
-TEST(TypeCatalogue, KindsAndContacts) {
-    texts::LanguageTables t;
-    std::string standard;
-    for (const InputKind& k : standard_input_kinds("1F")) standard += k.letter;
-    EXPECT_EQ(standard, "PpTVIiANBb");
-    for (const char* with_limit : {"11", "12", "15", "47", "49"}) {
-        auto kinds = standard_input_kinds(with_limit);
-        EXPECT_EQ(kinds.back().letter, 'F') << with_limit;
-        EXPECT_EQ(t[kinds.back().text], "Fine Corsa ");
-    }
-    Text text;
-    ASSERT_TRUE(kind_text('K', text));
-    EXPECT_EQ(t[text], "Regolatore di luminosità ");
-    ASSERT_TRUE(kind_text('U', text));  // shown, though no list offers it
-    EXPECT_EQ(t[text], "Umidità");
-    EXPECT_FALSE(kind_text('D', text));
-    EXPECT_FALSE(kind_text('?', text));
-    EXPECT_EQ(t[contact_text('0')], "N.A.");
-    EXPECT_EQ(t[contact_text('I')], "N.C.");
-    EXPECT_EQ(t[contact_text('V')], "VARIATORE");
 }
 
 }  // namespace

