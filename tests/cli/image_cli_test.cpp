@@ -19,13 +19,10 @@ class ImageCliTest : public testing::CliFixture {
         p.open(file);
         store::ModuleTable table(p);
         testing::add_module(table, "00A211", 32, "Quadro scale");
-        p.database().exec(
-            "UPDATE nick SET modo = 'V' || substr(modo, 2) WHERE codice = '00A211' AND campo = "
-            "'2';"
-            "UPDATE nick SET modo = 'I0000000' || '10000001' || '00000000' WHERE codice = "
-            "'00A211' AND campo = '10';"
-            "UPDATE nick SET riserva3 = '00000000' || '000200000000000000' WHERE codice = "
-            "'00A211' AND campo = '1';");
+        testing::set_column(p, "00A211", 2, "modo", "V" + std::string(23, '0'));
+        testing::set_column(p, "00A211", 10, "modo",
+                            "I00000001000000100000000");  // AND on relays 1 and 8
+        testing::set_column(p, "00A211", 1, "riserva3", "00000000000200000000000000");  // P2 = 200
     }
 
     std::filesystem::path file;

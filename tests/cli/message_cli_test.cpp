@@ -17,9 +17,8 @@ class MessageCliTest : public testing::CliFixture {
 };
 
 TEST_F(MessageCliTest, MessagesAreStoredAsThePanelWindowStoresThem) {
-    const std::string panel = cli({"code", "00141E"}).out.substr(0, 8);
-    ASSERT_EQ(cli({"add-module", project, panel, "--note", "Ingresso"}).exit_code, 0);
-    ASSERT_EQ(cli({"add-module", project, cli({"code", "00151F"}).out.substr(0, 8)}).exit_code, 0);
+    run_ok({"add-module", project, printed("00141E"), "--note", "Ingresso"});
+    run_ok({"add-module", project, printed("00151F")});
     const auto written = cli({"message", project, "00141E", "--number", "2", "--text",
                               "\\bPorta aperta", "--name", "Porta", "--mode", "V"});
     EXPECT_EQ(written.out, "04V\\bPorta aperta\n") << written.err;

@@ -1,4 +1,4 @@
-// set-point with the options of the module window's pages, and
+// set-point with the names, kinds and options of the module window's pages, and
 // delete-module: what the pages refuse is refused here, with the window's
 // message, and the project stays as it was.
 #include <gtest/gtest.h>
@@ -38,6 +38,8 @@ TEST_F(ModuleOptionsCliTest, SetPointRefusesWhatThePagesRefuse) {
     add("000511");
     add("000305");
     add("000625");
+    add("000715");
+    set({"000715/9", "--name", "Luce sala"});
     set({"000511/9", "--name", "Rele uno"});
     set({"000511/10", "--name", "Rele due"});
     set({"000625/9", "--name", "Scala"});
@@ -63,6 +65,20 @@ TEST_F(ModuleOptionsCliTest, SetPointRefusesWhatThePagesRefuse) {
          "--commands-in-emergency=maybe\n"},
         {{"000511/1", "--rgb", "yes"}, "Parametro non previsto su questo punto: --rgb\n"},
         {{"000511/1", "--receiver", "000625"}, "Parametro non previsto su questo punto: 000625\n"},
+        {{"000715/10", "--name", "luce SALA"},
+         "Uno o piu' nomi esistono già in questo o in altri moduli del progetto corrente \n"},
+        {{"000715/10", "--name", "Luce d'angolo"}, "Carattere non ammesso nel nome: '\n"},
+        {{"000715/11", "--contact", "I"}, "Assegnare prima un nick-name\n"},
+        {{"000715/1", "--kind", "p"},
+         "Uno o più ingressi sono stati selezionati  come ingressi di sicurezza\n"
+         "occorre selezionare un tempo di analisi (pulsante OPZIONI) \n"
+         "questa modalità sarà applicata ancne agli ingressi analogici\n"},
+        // Nothing of a refused change is saved, not even the part that was right.
+        {{"000715/3", "--name", "Nuovo", "--kind", "K"},
+         "Tipo di ingresso non previsto su questo modulo: K\n"},
+        {{"000715/40", "--name", "x"}, "Punto inesistente in questo modulo: 000715/40\n"},
+        {{"009915/1", "--name", "x"}, "Modulo non presente nel progetto: 009915\n"},
+        {{"0003/1", "--name", "x"}, "Punto inesistente in questo modulo: 0003/1\n"},
     };
     const std::string before = contents();
     for (const Refusal& r : refusals) {

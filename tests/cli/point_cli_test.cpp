@@ -78,23 +78,18 @@ TEST_F(PointCliTest, AnalogsOfferTheNextChannelUntilNoneIsFree) {
 }
 
 TEST_F(PointCliTest, CheckReportsWhatOthersLeftBehind) {
-    run_ok({"add-module", project, printed("000315"), "--note", "Sala"});
-    run_ok({"set-point", project, "000315/9", "--name", "Luce sala"});
-    run_ok({"set-point", project, "000315/1", "--name", "Pulsante"});
-    auto clean = cli({"check", project});
+    scripted_project();
+    auto clean = cli({"check", project});  // saving the modulator made its command link
     EXPECT_EQ(clean.exit_code, 0) << clean.err;
     EXPECT_EQ(clean.out, "Nessuna anomalia nel progetto\n");
 
     // A modulator whose command link another tool deleted; a link written by
     // another tool to a module that is not there.
-    run_ok({"add-module", project, printed("00121F"), "--note", "Presa"});
-    run_ok({"set-point", project, "00121F/9", "--name", "Presa"});
-    EXPECT_EQ(cli({"check", project}).exit_code, 0);  // saving the module completed it
     sql(project, "DELETE FROM associazioni");
     sql(project,
         "INSERT INTO associazioni (ID, identificativoRX, identificativoTX, numero_uscita, "
         "nick_ricevente, numero_ingresso, nick_trasmittente, opzione, modo_) VALUES "
-        "(1, '009911/1', '000315/1', '1', 'Altro', '1', 'Pulsante', 'P', '000000001')");
+        "(1, '009911/1', '00121F/1', '1', 'Altro', '1', 'Pulsante', 'P', '000000001')");
     auto found = cli({"check", project});
     EXPECT_EQ(found.exit_code, 1);
     EXPECT_EQ(found.out.substr(0, found.out.find('\n')),

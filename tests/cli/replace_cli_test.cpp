@@ -2,9 +2,6 @@
 // whole, and a refusal leaves the file as it was.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "bus/module_code.hpp"
 #include "cli/cli_fixture.hpp"
 #include "store/link_table.hpp"
@@ -38,15 +35,11 @@ TEST_F(ReplaceCliTest, TheProjectChecksCleanAfterwardsAndARefusalChangesNothing)
     r = cli({"check", file});
     EXPECT_EQ(r.exit_code, 0) << r.out;
 
-    const auto bytes = [&file] {
-        std::ifstream in(file, std::ios::binary);
-        return std::string{std::istreambuf_iterator<char>(in), {}};
-    };
-    const std::string before = bytes();
+    const std::string before = testing::read_file(file);
     r = cli({"replace", file, "00AA15", bus::printed_code("00AB1F")});
     EXPECT_EQ(r.exit_code, 1);
     EXPECT_EQ(r.err, "Tipo di modulo non compatibile \n");
-    EXPECT_EQ(bytes(), before);
+    EXPECT_EQ(testing::read_file(file), before);
 }
 
 }  // namespace

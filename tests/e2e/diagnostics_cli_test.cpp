@@ -19,6 +19,17 @@
 namespace filo {
 namespace {
 
+// A new project with module 00121F, "Cucina", its row `campo` named `nick`.
+std::filesystem::path kitchen(const testing::TempDir& dir, int campo, const std::string& nick) {
+    const auto file = testing::make_empty_project(dir.path());
+    store::Project project;
+    project.open(file);
+    store::ModuleTable modules(project);
+    testing::add_module(modules, "00121F", 12, "Cucina");
+    testing::set_column(project, "00121F", campo, "nick", nick);
+    return file;
+}
+
 // Reads from fd until `lines` complete lines came or the time is up.
 std::string read_lines(int fd, std::size_t lines, int timeout_ms) {
     std::string text;
@@ -37,14 +48,7 @@ std::string read_lines(int fd, std::size_t lines, int timeout_ms) {
 
 TEST(MonitorSim, PressesOnTheBusAreShownWithTheirNamesAndReplayTheSame) {
     testing::TempDir dir;
-    const auto file = testing::make_empty_project(dir.path());
-    {
-        store::Project project;
-        project.open(file);
-        store::ModuleTable modules(project);
-        testing::add_module(modules, "00121F", 12, "Cucina");
-        testing::set_column(project, "00121F", 3, "nick", "Tasto dispensa");
-    }
+    const auto file = kitchen(dir, 3, "Tasto dispensa");
     testing::SimProcess sim({"--modules", "00121F,00221F"});
     const std::string record = (dir / "line.rec").string();
     testing::ChildProcess cli = testing::start_program(
@@ -85,13 +89,10 @@ TEST(MonitorSim, PressesOnTheBusAreShownWithTheirNamesAndReplayTheSame) {
 
 TEST(AnalyseCli, TheDiagramOfANamedOutputIsPrintedOrDrawn) {
     testing::TempDir dir;
-    const auto file = testing::make_empty_project(dir.path());
+    const auto file = kitchen(dir, 9, "Luce tavolo ");
     {
         store::Project project;
         project.open(file);
-        store::ModuleTable modules(project);
-        testing::add_module(modules, "00121F", 12, "Cucina");
-        testing::set_column(project, "00121F", 9, "nick", "Luce tavolo ");
         store::LinkTable links(project);
         links.LINK_CORRENTE =
             testing::switching_link("00121F/1", "00121F/2", "Luce tavolo ", "Tasto");

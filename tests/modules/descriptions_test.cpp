@@ -98,9 +98,9 @@ TEST_F(DescriptionsTest, PhotosensorPageFollowsTheKindOfItsSensor) {
     store::ModuleRecord m = module("000119");
     const ModuleType& type = *find_type("19");
     m.riga(1).modo[0] = 'L';
-    auto shown = captions(read_parameters(type, m, italian));
-    EXPECT_EQ(shown, (std::vector<std::string>{"Intervallo avviso presenza  =0",
-                                               "Intervallo lettura dato  =005"}));
+    EXPECT_EQ(captions(read_parameters(type, m, italian)),
+              (std::vector<std::string>{"Intervallo avviso presenza  =0",
+                                        "Intervallo lettura dato  =005"}));
     m.riga(1).modo[0] = 'M';
     EXPECT_EQ(captions(read_parameters(type, m, italian)).size(), 2u);
     m.riga(1).modo[0] = 'K';

@@ -110,6 +110,8 @@ TEST_F(MessageEditorTest, SalvaStoresTheMarkTheIdleMessageAndAFullRecord) {
     EXPECT_EQ(row(98).riserva2, "02B\\aChiuso");
     for (int k : {1, 50, 98}) EXPECT_EQ(row(k).note, "*Pannello ingresso") << k;
     EXPECT_EQ(row(99).note, "");
+    EXPECT_EQ(row(99).campo + row(99).numero_filo + row(99).tipologia + row(99).connesso,
+              "9999OUT_SERIALE0");
 
     editor.load();  // opened again
     EXPECT_FALSE(editor.new_module());

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "bus/module_code.hpp"
 #include "store/link_table.hpp"
 #include "store/store_fixture.hpp"
@@ -55,8 +52,7 @@ class ModuleReplacementTest : public testing::StoreTest {
     }
     std::string file_bytes() {
         project.close();  // the log goes back into the file
-        std::ifstream in(file, std::ios::binary);
-        std::string bytes{std::istreambuf_iterator<char>(in), {}};
+        std::string bytes = testing::read_file(file);
         project.open(file);
         return bytes;
     }

@@ -107,17 +107,5 @@ TEST_F(ModuleRowsTest, VideoDoorPagesAreMadeTogetherOnce) {
     EXPECT_EQ(count("SELECT COUNT(*) FROM nick WHERE codice = 'FFF323'"), 0);
 }
 
-TEST_F(ModuleRowsTest, PanelInterfaceRows) {
-    table.CODICE_MODULO = "00071E";
-    PREPARA_OUT_232(table);
-    ASSERT_EQ(table.RIGHE_MODULO.N_RIGHE_MODULO(), 99);
-    const store::NickRow& last = table.RIGHE_MODULO.riga(99);
-    EXPECT_EQ(last.campo, "99");
-    EXPECT_EQ(last.numero_filo, "99");
-    EXPECT_EQ(last.tipologia, "OUT_SERIALE");
-    EXPECT_EQ(last.connesso, "0");
-    EXPECT_EQ(last.riserva2, "");
-}
-
 }  // namespace
 }  // namespace filo::modules

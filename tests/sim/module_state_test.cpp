@@ -72,19 +72,9 @@ TEST(ModuleStateTest, WritesAreKeptAsTheModuleKeepsThem) {
 TEST(ModuleStateTest, LinksGoToTheReceiverNamedInTheRecord) {
     Simulator s = installation({"00121F", "00131F"});
     talk(s, full(link('1')));
-    talk(s, full(link('1')));
     EXPECT_EQ(s.module("00121F")->links, std::vector<std::string>{link_record('1')});
     EXPECT_TRUE(s.module("00131F")->links.empty());
     EXPECT_EQ(s.links(), std::vector<std::string>{link_record('1')});
-}
-
-TEST(ModuleStateTest, TextsAreKeptByRecordAsRawBytes) {
-    Simulator s = installation({"00201E"});
-    talk(s, bus::text_frame(0x0020, 1, "1Caf\xE9"));
-    talk(s, bus::text_frame(0x0020, 2, "seconda riga (]"));
-    talk(s, bus::text_frame(0x0020, 1, "2Bar"));
-    const SimModule& m = *s.module("00201E");
-    EXPECT_EQ(m.texts, (std::map<std::uint8_t, std::string>{{1, "2Bar"}, {2, "seconda riga (]"}}));
 }
 
 TEST(ModuleStateTest, AReceiverLearnsRemotesByNumberOthersKeepPlainRegisters) {

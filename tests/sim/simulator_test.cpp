@@ -43,8 +43,6 @@ TEST(SimulatorTest, EachFrameAndEnvelopeGetsTheAnswerARealProgrammerGives) {
         {"wrong checksum: not put on the bus", "00(00300012EC05]" + std::string("\0_", 2), ""},
         {"unknown layout", full("(3001]"), ""},
         {"search digits", "ATE0\r0123ATE1\r", "0123"},
-        {"search digits written in three pieces", "ATE0\r01" + std::string("23") + "ATE1\r",
-         "0123"},
         {"digits of an address are no search", full("(30123EC05]"), ok},
         {"two frames in one write", full("(30012EC05]") + full("(30012ED06]"), ok + ok},
         {"text frame: bare, its NUL its own", bus::text_frame(0x0012, 1, "1Ciao"), ""},
@@ -75,21 +73,6 @@ TEST(SimulatorTest, ModulesAtOneAddressAllAnswer) {
                   bus::identification_answer_frame(0x0012, 0x11));
     // One OK for the frame, however many took it.
     EXPECT_EQ(talk(s, full("(30012EC05]"), 1), "OK");
-}
-
-TEST(SimulatorTest, WhatTheBusCarriedIsCountedAndKept) {
-    Simulator s = installation({"00121F"});
-    talk(s, enveloped(Envelope::Tail, "(600000055]"));
-    talk(s, full("(30012EC05]"));
-    talk(s, "00(00300012EC05]" + std::string("\0_", 2));
-    talk(s, full("(30099EC05]"));
-    talk(s, enveloped(Envelope::Tail, "(6000000AA]"));
-    EXPECT_EQ(s.bus(), (std::vector<std::string>{"(1E600000055]", "(4130012EC05]", "(5030099EC05]",
-                                                 "(366000000AA]"}));
-    EXPECT_EQ(s.rejected(), 1u);
-    EXPECT_EQ(s.programming_opened(), 1);
-    EXPECT_EQ(s.programming_closed(), 1);
-    EXPECT_EQ(s.module("00121F")->frames, 1u);
 }
 
 }  // namespace
