@@ -2,11 +2,15 @@
 // view on the demo installation over a pseudo-terminal.
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QTest>
+#include <QToolButton>
 #include <algorithm>
 
 #include "app/form3.hpp"
+#include "app/form4.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/module_window.hpp"
 #include "app/moduli.hpp"
@@ -175,7 +179,17 @@ TEST_F(ModuleWindowEndToEnd, PointsNamedTestedSavedAndProgrammed) {
     // The test ended with the window.
     EXPECT_TRUE(QTest::qWaitFor([&] { return test_mask() == 0; }, 5000)) << test_mask();
 
+    // The programming window opens over the project window, alone, and the
+    // run starts by itself; its exit gives the project window back.
     EXPECT_EQ(program_from_project_window().report().N_ERRORI, 0);
+    EXPECT_FALSE(main->menuBar()->isEnabled());
+    main->open_programming();
+    EXPECT_EQ(main->findChildren<app::Form4*>().size(), 1);
+    QTest::mouseClick(child<QToolButton>(main->findChild<app::Form4*>(), "Image1_2"), Qt::LeftButton);
+    EXPECT_EQ(main->findChild<QStackedWidget*>()->currentWidget(), main->form3());
+    EXPECT_TRUE(main->menuBar()->isEnabled());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return main->findChildren<app::Form4*>().empty(); }, 1000));
+    EXPECT_EQ(session.PROGETTO_CHIUSO, "NO");
     EXPECT_EQ(test_mask(), 0x02);  // relay 2 normally closed: inverted
     const auto& written = module_on_bus("001015").registers;
     EXPECT_TRUE(std::any_of(written.begin(), written.end(),
