@@ -30,7 +30,7 @@ void choose_message(QComboBox* list, int index) {
     emit list->activated(index);
 }
 
-TEST_F(PanelWindow, ANewPanelOpensInItsWindowAndLeavesNothingBehindWithoutSalva) {
+TEST_F(PanelWindow, ANewPanelLeavesNothingWithoutSalvaAndTheDemoPanelIsProgrammed) {
     ASSERT_NO_FATAL_FAILURE(connect_installation());
     ASSERT_NO_FATAL_FAILURE(show_project_window());
     app::ProjectHub& hub = main->form3()->tool();
@@ -49,15 +49,11 @@ TEST_F(PanelWindow, ANewPanelOpensInItsWindowAndLeavesNothingBehindWithoutSalva)
     EXPECT_EQ(main->findChild<QStackedWidget*>()->currentWidget(), main->form3());
     session.modules.VERIFICA_MODULO("00091E");
     EXPECT_EQ(session.modules.STATO_MODULO, store::kNuovoModulo);
-}
 
-TEST_F(PanelWindow, TheDemoPanelGetsTwoMessagesAndTheRunWritesThemIntoIt) {
-    ASSERT_NO_FATAL_FAILURE(connect_installation());
-    ASSERT_NO_FATAL_FAILURE(show_project_window());
-    app::ProjectHub& hub = main->form3()->tool();
+    // The demo's panel gets two messages, and the run writes them into it.
     hub.Combo1_Click("00701E  Pannello ingresso");
     hub.Timer2_Timer();
-    app::Form11* window = main->panel_window();
+    window = main->panel_window();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(child<QLineEdit>(window, "Text4")->text(), "Pannello ingresso");
     auto* list = child<QComboBox>(window, "Combo1");
