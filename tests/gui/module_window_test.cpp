@@ -185,15 +185,16 @@ TEST_F(ModuleWindowEndToEnd, PointsNamedTestedSavedAndProgrammed) {
     EXPECT_FALSE(main->menuBar()->isEnabled());
     main->open_programming();
     EXPECT_EQ(main->findChildren<app::Form4*>().size(), 1);
-    QTest::mouseClick(child<QToolButton>(main->findChild<app::Form4*>(), "Image1_2"), Qt::LeftButton);
+    QTest::mouseClick(child<QToolButton>(main->findChild<app::Form4*>(), "Image1_2"),
+                      Qt::LeftButton);
     EXPECT_EQ(main->findChild<QStackedWidget*>()->currentWidget(), main->form3());
     EXPECT_TRUE(main->menuBar()->isEnabled());
     EXPECT_TRUE(QTest::qWaitFor([&] { return main->findChildren<app::Form4*>().empty(); }, 1000));
     EXPECT_EQ(session.PROGETTO_CHIUSO, "NO");
     EXPECT_EQ(test_mask(), 0x02);  // relay 2 normally closed: inverted
     const auto& written = module_on_bus("001015").registers;
-    EXPECT_TRUE(std::any_of(written.begin(), written.end(),
-                            [](const auto& r) { return r.second == 77; }));
+    EXPECT_TRUE(
+        std::any_of(written.begin(), written.end(), [](const auto& r) { return r.second == 77; }));
 }
 
 }  // namespace

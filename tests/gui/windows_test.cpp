@@ -126,7 +126,7 @@ TEST_F(WindowsTest, ProjectsOpenedOrMadeLeadToTheProjectWindowAndBack) {
     EXPECT_EQ(child<QLabel>(form(), "Label1")->text(), "Villa");
 }
 
-TEST_F(WindowsTest, TypedCodesAreFilteredCheckedAndEnteredTheGestureSkipsTheCheckAndTheListOpensThem) {
+TEST_F(WindowsTest, TypedOrListedCodesOpenTheModuleWindowAndTheGestureSkipsTheCheck) {
     create_project("Casa");
     messages.shown.clear();
     click("Image1_0");
