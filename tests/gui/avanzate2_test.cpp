@@ -10,7 +10,6 @@
 #include "app/project_errors.hpp"
 #include "commissioning/constant_light.hpp"
 #include "gui_fixture.hpp"
-#include "sim/sim_server.hpp"
 #include "sim/simulator.hpp"
 #include "support/sample_project.hpp"
 
@@ -40,16 +39,7 @@ TEST_F(ConstantLightEndToEnd, TheSliderDrivesTheSensorAndTheWindowShowsWhatItDoe
     QTest::mouseClick(child<QPushButton>(&dialog, "Label1"), Qt::LeftButton);
     session.modules.LEGGI_MODULO("00A019");
     EXPECT_EQ(session.modules.RIGHE_MODULO.riga(1).riserva3.substr(17, 3), "255");
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] {
-            bool left = false;
-            server->inspect([&](const sim::Simulator& s) {
-                for (const sim::SimModule& m : s.modules())
-                    if (m.code == "00A019") left = !m.room.setup;
-            });
-            return left;
-        },
-        2000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !module_on_bus("00A019").room.setup; }, 2000));
     EXPECT_FALSE(session.receiver.flags.LUCE_COSTANTE_ATTIVA);
 }
 

@@ -62,7 +62,6 @@ TEST_F(ExchangeWindowsTest, StartCopiesNickAndExportsTheReaders) {
     EXPECT_EQ(window.windowTitle(), "Microsoft Access to SQLite Conversor");
     child<QPushButton>(&window, "Command1")->click();
     EXPECT_EQ(window.tool().List2, std::vector<std::string>{"Creating nick  (done)"});
-    EXPECT_EQ(window.windowTitle(), "Microsoft Access to SQLite Conversor");
     EXPECT_EQ(messages.shown.back(), (Shown{"Progetto XXX Creato", "     Creazione progetto"}));
     EXPECT_TRUE(std::filesystem::exists(dir / "casa.DB"));
     EXPECT_TRUE(std::filesystem::exists(dir / "ESP_casa" / "DATI_HARDWARE.mdb"));

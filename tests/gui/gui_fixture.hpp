@@ -27,9 +27,11 @@
 namespace filo::sim {
 class Simulator;
 class SimServer;
+struct SimModule;
 }  // namespace filo::sim
 namespace filo::app {
 class MDIForm1;
+class ProgrammingWindow;
 struct AppServices;
 }  // namespace filo::app
 
@@ -131,6 +133,10 @@ class DemoInstallationTest : public QtLineTest {
     void connect_installation(std::vector<std::string> also_on_bus = {});
     // The main window, of the given size if any, on the project window.
     void show_project_window(QSize size = {});
+    // The simulated module of that code as it stands now (empty code if none).
+    sim::SimModule module_on_bus(const std::string& code);
+    // Programming started from the project window, once it has ended.
+    const app::ProgrammingWindow& program_from_project_window();
 
     std::filesystem::path demo_file;
     std::unique_ptr<sim::Simulator> simulator;

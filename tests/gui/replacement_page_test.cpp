@@ -7,7 +7,6 @@
 #include "app/moduli.hpp"
 #include "bus/module_code.hpp"
 #include "gui/gui_fixture.hpp"
-#include "store/sqlite.hpp"
 
 namespace filo::testing {
 namespace {
@@ -48,10 +47,7 @@ TEST_F(ReplacementPageTest, TheEighthCharacterReplacesTheModuleAndTheWindowClose
     QTest::keyClicks(serial, typed.right(1));
     EXPECT_EQ(messages.shown.back(), (Shown{"Sostituzione avvenuta con successo  ", ""}));
     EXPECT_EQ(closed.count(), 1);
-    auto q =
-        session.project.database().prepare("SELECT COUNT(*) FROM nick WHERE codice = '00AB15'");
-    q.step();
-    EXPECT_EQ(q.integer(0), 32);
+    EXPECT_EQ(rows("nick", "00AB15"), 32);
 }
 
 }  // namespace

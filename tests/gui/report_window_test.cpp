@@ -10,7 +10,6 @@
 #include "app/form18.hpp"
 #include "app/form3.hpp"
 #include "app/mdi_form1.hpp"
-#include "app/project_hub.hpp"
 #include "gui/gui_fixture.hpp"
 #include "store/sqlite.hpp"
 #include "support/sample_project.hpp"
@@ -100,24 +99,6 @@ TEST_F(ReportWindowTest, TooManyRowsIsToldAndNoReportShows) {
     EXPECT_FALSE(w.STAMPA(1, ""));
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_NE(messages.shown[0].text.find("3001"), std::string::npos);
-}
-
-TEST_F(ReportWindowTest, TheFiveEntriesOpenTheirReportAndTheMainOnesCloseIt) {
-    std::vector<int> opened;
-    int closed = 0;
-    app::HubHost hub_host;
-    hub_host.show_report = [&opened](int n) { opened.push_back(n); };
-    hub_host.close_report = [&closed] { ++closed; };
-    hub_host.show_programming = [] {};
-    hub_host.show_main_menu = [] {};
-    app::ProjectHub hub(session, hub_host);
-    ASSERT_TRUE(hub.load());
-    for (int index = 6; index <= 10; ++index) hub.menu_click(index);
-    EXPECT_EQ(opened, (std::vector<int>{1, 2, 3, 4, 5}));
-    EXPECT_TRUE(messages.shown.empty());
-    hub.menu_click(app::ProjectHub::AddModule);
-    hub.menu_click(app::ProjectHub::Utility);
-    EXPECT_EQ(closed, 1);
 }
 
 TEST_F(ReportWindowTest, TheEntryOpensTheWindowBesideTheHubAndAMainEntryClosesIt) {

