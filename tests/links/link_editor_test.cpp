@@ -219,7 +219,7 @@ TEST_F(LinkEditorTest, AggregateEventsStartLinksByTheirMarkers) {
     ASSERT_EQ(editor.check(), LinkEditor::Check::Modes);
     ASSERT_TRUE(editor.select_mode(1));
     ASSERT_EQ(editor.COLLEGA(false), LinkEditor::Save::Saved);
-    const store::LinkRow stored = saved().front();
+    const store::LinkRow stored = saved_links().front();
     EXPECT_EQ(stored.identificativoTX + " " + stored.nick_trasmittente + " " + stored.opzione,
               "002B15/29 TUTTIb ES");
 
