@@ -246,39 +246,32 @@ void MDIForm1::open_module(const std::string& code, int PUNTO_EVIDENZIATO, Modul
         open_panel(std::move(on_close), wait);
         return;
     }
-    QPointer<QWidget> under = stack_->currentWidget();
     auto* form = new MODULI(session_);
     module_ = form;
-    stack_->addWidget(form);
-    stack_->setCurrentWidget(form);
-    menuBar()->setEnabled(false);
-    QEventLoop loop;
-    connect(form, &MODULI::closed, &loop, &QEventLoop::quit);
-    connect(form, &MODULI::closed, this, [this, form, under, on_close = std::move(on_close)] {
-        module_.clear();
-        menuBar()->setEnabled(true);
-        if (under) stack_->setCurrentWidget(under);
-        stack_->removeWidget(form);
-        form->deleteLater();
-        // Form_Load of the project window again: it shows the module as saved.
-        if (Form3* f = form3(); f && f == under) f->load();
-        if (on_close) on_close();
-        refresh_status();
-    });
+    show_until_closed(form, std::move(on_close));
     form->load(PUNTO_EVIDENZIATO, opener);
-    if (wait) loop.exec();
+    if (wait) wait_until_closed(form);
 }
 
 void MDIForm1::open_panel(std::function<void()> on_close, bool wait) {
-    QPointer<QWidget> under = stack_->currentWidget();
     auto* form = new Form11(session_);
     panel_ = form;
+    show_until_closed(form, std::move(on_close));
+    form->load();
+    if (wait) wait_until_closed(form);
+}
+
+// A module's window over the current one until it closes: the menu waits, the
+// window under it comes back, the project window shows the module as saved
+// (its Form_Load again), then on_close.
+template <class Form>
+void MDIForm1::show_until_closed(Form* form, std::function<void()> on_close) {
+    QPointer<QWidget> under = stack_->currentWidget();
     stack_->addWidget(form);
     stack_->setCurrentWidget(form);
     menuBar()->setEnabled(false);
-    QEventLoop loop;
-    connect(form, &Form11::closed, &loop, &QEventLoop::quit);
-    connect(form, &Form11::closed, this, [this, form, under, on_close = std::move(on_close)] {
+    connect(form, &Form::closed, this, [this, form, under, on_close = std::move(on_close)] {
+        module_.clear();
         panel_.clear();
         menuBar()->setEnabled(true);
         if (under) stack_->setCurrentWidget(under);
@@ -288,8 +281,14 @@ void MDIForm1::open_panel(std::function<void()> on_close, bool wait) {
         if (on_close) on_close();
         refresh_status();
     });
-    form->load();
-    if (wait) loop.exec();
+}
+
+template <class Form>
+void MDIForm1::wait_until_closed(Form* form) {
+    if (stack_->indexOf(form) < 0) return;  // it closed while loading
+    QEventLoop loop;
+    connect(form, &Form::closed, &loop, &QEventLoop::quit);
+    loop.exec();
 }
 
 Form11* MDIForm1::panel_window() const {

@@ -93,6 +93,10 @@ class MDIForm1 final : public QMainWindow {
     void open_project_dialog();
     // Form11 in place of MODULI for a panel interface (type 1E).
     void open_panel(std::function<void()> on_close, bool wait);
+    template <class Form>
+    void show_until_closed(Form* form, std::function<void()> on_close);
+    template <class Form>
+    void wait_until_closed(Form* form);
 
     Session& session_;
     // Set by the menu's own exit, the one close that the main menu allows.
