@@ -48,7 +48,7 @@ ReplacementRefusal replace_module(store::ModuleTable& table, store::LinkTable& l
         sqlite::Transaction t(project.database());
         // The links first: MODIFICA_MODULO carries the emergency setting of
         // a point into the links of its new code.
-        store::move_links_to_code(project, old_code, new_code);
+        store::rewrite_link_codes(project, old_code, new_code);
         store::move_paired_remotes(project, old_code, new_code);
         for (store::NickRow& r : table.RIGHE_MODULO.rows) r.codice = new_code;
         table.MODIFICA_MODULO();  // finds the rows by the old code

@@ -4,6 +4,7 @@
 
 #include "common/basic_functions.hpp"
 #include "store/link_table.hpp"
+#include "store/module_code_change.hpp"
 #include "store/module_table.hpp"
 #include "store/project.hpp"
 #include "store/sqlite.hpp"
@@ -55,21 +56,7 @@ void LinkRepairs::ELIMINA_COLLEGAMENTI_DEL_MODULO(std::string_view codice) {
 
 void LinkRepairs::AGGIORNA_NUMEROMODULO_NEI_LINK(std::string_view codice_vecchio,
                                                  std::string_view nuovo_numero) {
-    sqlite::Connection& db = project_.database();
-    sqlite::Transaction t(db);
-    // The type characters and the point's number stay: only the first four
-    // characters of each identifier change.
-    constexpr const char* kRenumber[] = {
-        "UPDATE associazioni SET identificativoRX = ?1 || substr(identificativoRX, 5) "
-        "WHERE \"LEFT\"(identificativoRX, 6) = ?2 COLLATE NOCASE",
-        "UPDATE associazioni SET identificativoTX = ?1 || substr(identificativoTX, 5) "
-        "WHERE \"LEFT\"(identificativoTX, 6) = ?2 COLLATE NOCASE"};
-    for (const char* sql : kRenumber) {
-        sqlite::Statement s = db.prepare(sql);
-        s.bind(1, nuovo_numero).bind(2, codice_vecchio);
-        s.run();
-    }
-    t.commit();
+    rewrite_link_codes(project_, codice_vecchio, nuovo_numero);
 }
 
 void delete_module_and_links(ModuleTable& table, LinkRepairs& repairs) {

@@ -1,21 +1,23 @@
 #include "store/module_code_change.hpp"
 
+#include <cstdint>
+
 #include "store/project.hpp"
 #include "store/sqlite.hpp"
 
 namespace filo::store {
 
-void move_links_to_code(Project& project, std::string_view old_code, std::string_view new_code) {
+void rewrite_link_codes(Project& project, std::string_view old_code, std::string_view prefix) {
     sqlite::Connection& db = project.database();
     sqlite::Transaction t(db);
-    constexpr const char* kMove[] = {
-        "UPDATE associazioni SET identificativoRX = ?1 || substr(identificativoRX, 7) "
+    constexpr const char* kRewrite[] = {
+        "UPDATE associazioni SET identificativoRX = ?1 || substr(identificativoRX, ?3) "
         "WHERE \"LEFT\"(identificativoRX, 6) = ?2 COLLATE NOCASE",
-        "UPDATE associazioni SET identificativoTX = ?1 || substr(identificativoTX, 7) "
+        "UPDATE associazioni SET identificativoTX = ?1 || substr(identificativoTX, ?3) "
         "WHERE \"LEFT\"(identificativoTX, 6) = ?2 COLLATE NOCASE"};
-    for (const char* sql : kMove) {
+    for (const char* sql : kRewrite) {
         sqlite::Statement s = db.prepare(sql);
-        s.bind(1, new_code).bind(2, old_code);
+        s.bind(1, prefix).bind(2, old_code).bind(3, static_cast<std::int64_t>(prefix.size()) + 1);
         s.run();
     }
     t.commit();

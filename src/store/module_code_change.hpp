@@ -8,11 +8,12 @@ namespace filo::store {
 
 class Project;
 
-// Characters 1 to 6 of identificativoRX and identificativoTX of every link
-// of `old_code` become `new_code`; the point numbers and names stay. The
-// type characters follow the new code too, so a module whose type changed
-// is still found by its six characters.
-void move_links_to_code(Project& project, std::string_view old_code, std::string_view new_code);
+// The first characters of identificativoRX and identificativoTX of every
+// link with an end in module `old_code` (six characters) become `prefix`, as
+// many as it has; the point numbers and names stay. A new number is 4
+// characters (the type characters stay); a new code is 6, so that a module
+// whose type changed is still found by its six characters.
+void rewrite_link_codes(Project& project, std::string_view old_code, std::string_view prefix);
 
 // Remote elements (types 33, 34, 35) keep their receiver's code in
 // characters 1 to 6 of riserva4 of row 1: those paired with `old_code`
