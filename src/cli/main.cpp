@@ -79,7 +79,8 @@ int run(int argc, char** argv) {
     msg->add_option("--number", message.number, "1-96, or 98 for the idle text")->required();
     msg->add_option("--text", message.text,
                     "The text with its codes in line: \\b red, \\a dim red, \\h green, "
-                    "\\g dim green, \\d yellow, \\f orange, \\e dim orange, ^s sound")
+                    "\\g dim green, \\d yellow, \\f orange, \\e dim orange, ^s sound; at least 5 "
+                    "characters, or empty to free the message")
         ->required();
     msg->add_option("--name", message.name, "The message's name");
     msg->add_option("--persistence", message.persistence, "0-20; else from the text's length");

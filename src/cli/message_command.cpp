@@ -27,6 +27,10 @@ int set_message(Context& context, const MessageRequest& request) {
     const std::string name = request.name.value_or("");
     if (const std::string c = modules::refused_name_character(name); !c.empty())
         throw UserError(t.text(Text::NAME_CHARACTERS_REFUSED) + basic::escaped_controls(c));
+    // A shorter text leaves the record empty, as the panel window does: say so
+    // rather than free the message unasked. An empty text frees it.
+    if (!request.text.empty() && modules::character_count(request.text) < modules::kShortestText)
+        throw UserError(t.text(Text::PANEL_TEXT_TOO_SHORT) + basic::escaped_controls(request.text));
     if (modules::mode_index(request.mode) < 0)
         throw UserError(t.text(Text::PANEL_MODE) + " B, K, L, V: " + std::string(1, request.mode));
 

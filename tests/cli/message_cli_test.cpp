@@ -29,16 +29,18 @@ TEST_F(MessageCliTest, MessagesAreStoredAsThePanelWindowStoresThem) {
     struct Refusal {
         std::vector<std::string> options;
         const char* message;
+        const char* text = "\\bTesto";
     } refusals[] = {
         {{"00141E", "--number", "97"}, "Punto inesistente in questo modulo: 97\n"},
         {{"00141E", "--number", "1", "--name", "Città"}, "Carattere non ammesso nel nome: à"},
         {{"00141E", "--number", "1", "--mode", "X"}, "MODO B, K, L, V: X"},
         {{"00151F", "--number", "1"}, "Modulo non presente nel progetto: 00151F\n"},
+        {{"00141E", "--number", "2"}, "Un messaggio vuole almeno 5 caratteri", "ciao"},
     };
     for (const Refusal& r : refusals) {
         std::vector<std::string> args = {"message", project};
         args.insert(args.end(), r.options.begin(), r.options.end());
-        args.insert(args.end(), {"--text", "\\bTesto"});
+        args.insert(args.end(), {"--text", r.text});
         const auto refused = cli(args);
         EXPECT_EQ(refused.exit_code, 1) << r.options[2];
         EXPECT_TRUE(refused.err.starts_with(r.message)) << refused.err;
@@ -48,6 +50,7 @@ TEST_F(MessageCliTest, MessagesAreStoredAsThePanelWindowStoresThem) {
     store::ModuleTable table(p);
     table.LEGGI_MODULO("00141E");
     EXPECT_EQ(table.RIGHE_MODULO.riga(2).nick, "Porta");
+    EXPECT_EQ(table.RIGHE_MODULO.riga(2).riserva2, "04V\\bPorta aperta");
     EXPECT_EQ(table.RIGHE_MODULO.riga(98).riserva2, "20B\\hBenvenuti");
 }
 
