@@ -29,7 +29,7 @@ int set_message(Context& context, const MessageRequest& request) {
         throw UserError(t.text(Text::NAME_CHARACTERS_REFUSED) + basic::escaped_controls(c));
     // A shorter text leaves the record empty, as the panel window does: say so
     // rather than free the message unasked. An empty text frees it.
-    if (!request.text.empty() && modules::character_count(request.text) < modules::kShortestText)
+    if (!request.text.empty() && basic::character_count(request.text) < modules::kShortestText)
         throw UserError(t.text(Text::PANEL_TEXT_TOO_SHORT) + basic::escaped_controls(request.text));
     if (modules::mode_index(request.mode) < 0)
         throw UserError(t.text(Text::PANEL_MODE) + " B, K, L, V: " + std::string(1, request.mode));
@@ -46,7 +46,7 @@ int set_message(Context& context, const MessageRequest& request) {
     const std::string persistence =
         request.persistence
             ? *request.persistence
-            : modules::persistence_for_length(modules::character_count(request.text), "02");
+            : modules::persistence_for_length(basic::character_count(request.text), "02");
     const std::string record = modules::RECORD_MESSAGGIO({persistence, request.mode, request.text});
     const modules::RecordHalves halves = modules::split_record(record);
     store::NickRow& row = table.RIGHE_MODULO.riga(n);

@@ -171,4 +171,32 @@ std::string zero_padded(long long value, std::size_t width) {
     return value < 0 ? "-" + digits : digits;
 }
 
+namespace {
+
+// The byte where character n begins (the size when there are fewer).
+std::size_t byte_of_character(std::string_view utf8, std::size_t n) {
+    std::size_t i = 0;
+    for (std::size_t seen = 0; i < utf8.size(); ++i) {
+        if (is_continuation_byte(utf8[i])) continue;
+        if (seen++ == n) return i;
+    }
+    return utf8.size();
+}
+
+}  // namespace
+
+std::size_t character_count(std::string_view utf8) {
+    std::size_t n = 0;
+    for (char c : utf8) n += !is_continuation_byte(c);
+    return n;
+}
+
+std::string_view first_characters(std::string_view utf8, std::size_t n) {
+    return utf8.substr(0, byte_of_character(utf8, n));
+}
+
+std::string_view characters_after(std::string_view utf8, std::size_t n) {
+    return utf8.substr(byte_of_character(utf8, n));
+}
+
 }  // namespace filo::basic

@@ -37,4 +37,13 @@ std::string zero_padded(long long value, std::size_t width);
 // (and the backslash that would make them ambiguous) as \xNN, the rest as is.
 std::string escaped_controls(std::string_view text);
 
+// UTF-8 texts counted in characters, as the installer sees them.
+inline bool is_continuation_byte(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+std::size_t character_count(std::string_view utf8);
+// The first n characters (all of them when there are fewer), and the rest.
+std::string_view first_characters(std::string_view utf8, std::size_t n);
+std::string_view characters_after(std::string_view utf8, std::size_t n);
+
 }  // namespace filo::basic

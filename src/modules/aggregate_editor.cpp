@@ -206,7 +206,7 @@ void AggregateEditor::Text5_Change(std::string_view text) {
         } else {
             // Any other character is dropped whole.
             ++i;
-            while (i < text.size() && (static_cast<unsigned char>(text[i]) & 0xC0) == 0x80) ++i;
+            while (i < text.size() && basic::is_continuation_byte(text[i])) ++i;
         }
     }
     Text5 = name;

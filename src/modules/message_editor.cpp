@@ -106,7 +106,7 @@ void MessageEditor::Combo1_Click(int index) {
     RIGA_CORRENTE = index + 1;
     const std::string number = std::to_string(RIGA_CORRENTE);
     const std::size_t d = number.size();
-    const std::size_t l = character_count(Text1);
+    const std::size_t l = basic::character_count(Text1);
     const std::string nick =
         has_row(RIGA_CORRENTE) ? table_.RIGHE_MODULO.riga(RIGA_CORRENTE).nick : "";
     if (!nick.empty())
@@ -114,7 +114,8 @@ void MessageEditor::Combo1_Click(int index) {
     else if (l < d)
         Text1 = entry(RIGA_CORRENTE, true);
     else if (Check4)
-        Text1 = first_characters(Text1, l - d) + " " + number;  // cut by the digits alone
+        Text1 = std::string(basic::first_characters(Text1, l - d)) + " " +
+                number;  // cut by the digits alone
     else
         Text1 = entry(RIGA_CORRENTE, true);
     CARICA_MESSAGGIO(RIGA_CORRENTE);
@@ -129,7 +130,7 @@ bool MessageEditor::Text1_Change(std::string_view text) {
 bool MessageEditor::Text4_Change(std::string_view text) {
     for (char c : text)
         if (!is_description_character(c)) return false;
-    Text4 = first_characters(text, kModuleNameLength);
+    Text4 = basic::first_characters(text, kModuleNameLength);
     return true;
 }
 
@@ -139,7 +140,7 @@ void MessageEditor::Text5_Change(std::string_view typed) {
 
 void MessageEditor::RichTextBox1_Change(std::string_view text) {
     RichTextBox1 = std::string(text);
-    Text5 = persistence_for_length(character_count(RichTextBox1), Text5);
+    Text5 = persistence_for_length(basic::character_count(RichTextBox1), Text5);
 }
 
 void MessageEditor::append_text(std::string_view piece) {
@@ -150,7 +151,8 @@ std::size_t MessageEditor::Combo3_Click(int k, std::size_t selection_start,
                                         std::size_t selection_length) {
     if (k < 0 || k >= static_cast<int>(COLORI_MESSAGGIO.size())) return selection_start;
     Combo3 = k;
-    if (selection_start == std::string::npos) selection_start = character_count(RichTextBox1);
+    if (selection_start == std::string::npos)
+        selection_start = basic::character_count(RichTextBox1);
     const ColourInsertion done =
         insert_colour_code(RichTextBox1, selection_start, selection_length, k);
     RichTextBox1_Change(done.text);
@@ -169,12 +171,11 @@ void MessageEditor::CARICA_MESSAGGIO(int k) {
     const MessageRecord record = read_record(s, "");
     const std::string& b = record.text;
     // A new message begins with the code of red.
-    if (character_count(b) < 3) append_text(COLORI_MESSAGGIO[0].code);
+    if (basic::character_count(b) < 3) append_text(COLORI_MESSAGGIO[0].code);
     // Piece by piece, as the text builds up: the persistence follows each step.
     for (std::size_t p = 0; p < b.size();) {
         std::size_t step = colour_code_at(b, p) >= 0 ? 2 : 1;
-        while (p + step < b.size() && (static_cast<unsigned char>(b[p + step]) & 0xC0) == 0x80)
-            ++step;
+        while (p + step < b.size() && basic::is_continuation_byte(b[p + step])) ++step;
         append_text(std::string_view(b).substr(p, step));
         p += step;
     }
@@ -194,7 +195,7 @@ void MessageEditor::SALVA_TESTO_MESSAGGIO(int k) {
 void MessageEditor::SALVA_MESSAGGIO() {
     if (ListIndex < 0 || ListIndex >= static_cast<int>(Combo1.size())) return;
     const int k = ListIndex + 1;
-    const bool no_text = character_count(RichTextBox1) < 3;
+    const bool no_text = basic::character_count(RichTextBox1) < 3;
     // AGGIORNA_VOCE: the entry says whether the place holds a message.
     Combo1[static_cast<std::size_t>(ListIndex)] =
         no_text ? texts_.text(Text::PANEL_FREE_ENTRY) + std::to_string(k) : entry(k, true);

@@ -2,25 +2,9 @@
 
 #include <algorithm>
 
+#include "common/basic_functions.hpp"
+
 namespace filo::modules {
-namespace {
-
-bool continuation(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
-
-// The byte where character n begins (the size when there are fewer).
-std::size_t byte_of_character(std::string_view utf8, std::size_t n) {
-    std::size_t i = 0;
-    for (std::size_t seen = 0; i < utf8.size(); ++i) {
-        if (continuation(utf8[i])) continue;
-        if (seen++ == n) return i;
-    }
-    return utf8.size();
-}
-
-}  // namespace
-
 int mode_index(char letter) {
     for (std::size_t i = 0; i < MODI_MESSAGGIO.size(); ++i)
         if (MODI_MESSAGGIO[i].letter == letter) return static_cast<int>(i);
@@ -35,38 +19,27 @@ int colour_code_at(std::string_view text, std::size_t pos) {
     return -1;
 }
 
-std::size_t character_count(std::string_view utf8) {
-    return static_cast<std::size_t>(
-        std::count_if(utf8.begin(), utf8.end(), [](char c) { return !continuation(c); }));
-}
-
-std::string first_characters(std::string_view utf8, std::size_t n) {
-    return std::string(utf8.substr(0, byte_of_character(utf8, n)));
-}
-
-std::string characters_after(std::string_view utf8, std::size_t n) {
-    return std::string(utf8.substr(byte_of_character(utf8, n)));
-}
-
 std::string RECORD_MESSAGGIO(const MessageRecord& message) {
-    if (character_count(message.text) < kShortestText) return {};
+    if (basic::character_count(message.text) < kShortestText) return {};
     std::string persistence = typed_persistence(message.persistence);
     persistence.insert(0, 2 - std::min<std::size_t>(2, persistence.size()), '0');
-    return first_characters(persistence + message.mode + message.text, kRecordLength);
+    return std::string(
+        basic::first_characters(persistence + message.mode + message.text, kRecordLength));
 }
 
 RecordHalves split_record(std::string_view record) {
-    return {first_characters(record, kHalfLength),
-            first_characters(characters_after(record, kHalfLength), kHalfLength)};
+    return {std::string(basic::first_characters(record, kHalfLength)),
+            std::string(basic::first_characters(basic::characters_after(record, kHalfLength),
+                                                kHalfLength))};
 }
 
 MessageRecord read_record(std::string_view riserva2, std::string_view riserva3) {
     const std::string record = std::string(riserva2) + std::string(riserva3);
     MessageRecord m;
-    m.persistence = first_characters(record, 2);
-    const std::string letter = first_characters(characters_after(record, 2), 1);
+    m.persistence = basic::first_characters(record, 2);
+    const std::string_view letter = basic::first_characters(basic::characters_after(record, 2), 1);
     if (letter.size() == 1) m.mode = letter[0];
-    m.text = characters_after(record, 3);
+    m.text = basic::characters_after(record, 3);
     return m;
 }
 
@@ -95,9 +68,9 @@ std::string typed_persistence(std::string_view typed) {
 
 ColourInsertion insert_colour_code(std::string_view text, std::size_t selection_start,
                                    std::size_t selection_length, int k) {
-    const std::size_t count = character_count(text);
+    const std::size_t count = basic::character_count(text);
     // A colour chosen right behind a code takes that code's place.
-    if (count > 1 && characters_after(text, count - 2).front() == '\\') {
+    if (count > 1 && basic::characters_after(text, count - 2).front() == '\\') {
         selection_start = count - 2;
         selection_length = 2;
     }
@@ -105,8 +78,8 @@ ColourInsertion insert_colour_code(std::string_view text, std::size_t selection_
     selection_length = std::min(selection_length, count - selection_start);
     const std::string_view code = COLORI_MESSAGGIO[static_cast<std::size_t>(k)].code;
     ColourInsertion result;
-    result.text = first_characters(text, selection_start) + std::string(code) +
-                  characters_after(text, selection_start + selection_length);
+    result.text = std::string(basic::first_characters(text, selection_start)) + std::string(code) +
+                  std::string(basic::characters_after(text, selection_start + selection_length));
     result.caret = selection_start + code.size();
     return result;
 }
@@ -129,7 +102,7 @@ std::vector<ColouredRun> coloured_runs(std::string_view text) {
             continue;
         }
         std::size_t end = p + 1;
-        while (end < text.size() && continuation(text[end])) ++end;
+        while (end < text.size() && basic::is_continuation_byte(text[end])) ++end;
         add(text.substr(p, end - p), colour, false);
         p = end;
     }

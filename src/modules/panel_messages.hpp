@@ -81,11 +81,6 @@ inline constexpr Rgb kStartColour{0xFF, 0x00, 0x00};
 // The colour code (index 0 to 6) at byte `pos` of the text, -1 if none.
 int colour_code_at(std::string_view text, std::size_t pos);
 
-// UTF-8 helpers: the count of characters, and the first n characters.
-std::size_t character_count(std::string_view utf8);
-std::string first_characters(std::string_view utf8, std::size_t n);
-std::string characters_after(std::string_view utf8, std::size_t n);
-
 // One message as the window holds it.
 struct MessageRecord {
     std::string persistence;  // as typed in TEMPO DI PERSISTENZA

@@ -16,22 +16,8 @@ std::string_view text_argument(sqlite3_value* v) {
     return {reinterpret_cast<const char*>(t), static_cast<std::size_t>(sqlite3_value_bytes(v))};
 }
 
-std::size_t count_characters(std::string_view s) {
-    std::size_t n = 0;
-    for (unsigned char c : s) n += (c & 0xC0) != 0x80;
-    return n;
-}
-
 std::string_view utf8_left(std::string_view s, long long n) {
-    if (n <= 0) return {};
-    std::size_t chars = 0, i = 0;
-    for (; i < s.size(); ++i) {
-        if ((static_cast<unsigned char>(s[i]) & 0xC0) != 0x80) {
-            if (chars == static_cast<std::size_t>(n)) break;
-            ++chars;
-        }
-    }
-    return s.substr(0, i);
+    return n <= 0 ? std::string_view{} : basic::first_characters(s, static_cast<std::size_t>(n));
 }
 
 void sql_left(sqlite3_context* ctx, int, sqlite3_value** argv) {
@@ -45,7 +31,7 @@ void sql_right(sqlite3_context* ctx, int, sqlite3_value** argv) {
     if (sqlite3_value_type(argv[0]) == SQLITE_NULL) return sqlite3_result_null(ctx);
     std::string_view s = text_argument(argv[0]);
     long long n = sqlite3_value_int64(argv[1]);
-    long long total = static_cast<long long>(count_characters(s));
+    long long total = static_cast<long long>(basic::character_count(s));
     std::string_view r;
     if (n >= total)
         r = s;

@@ -79,7 +79,9 @@ TEST_F(DecoderTest, EventsAreNamedAgainstTheProject) {
         EXPECT_EQ(decoder.LM_NOME, "Soggiorno. ");
         EXPECT_EQ(decoder.LM_NUMERO_INGRESSO, c.numero_ingresso);
         EXPECT_EQ(decoder.LM_DESCRIZIONE, c.descrizione);
-        if (c.spoken) EXPECT_EQ(decoder.TESTO_PARLATO, c.spoken);
+        if (c.spoken) {
+            EXPECT_EQ(decoder.TESTO_PARLATO, c.spoken);
+        }
         decoder.ticks.valore = false;
         EXPECT_EQ(decoder.should_speak(), c.said_without_valore);
         decoder.ticks.valore = true;

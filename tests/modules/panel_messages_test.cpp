@@ -1,4 +1,5 @@
 #include "modules/panel_messages.hpp"
+#include "common/basic_functions.hpp"
 
 #include <gtest/gtest.h>
 
@@ -25,11 +26,11 @@ TEST(PanelMessages, RecordLayoutAndItsHalves) {
         const RecordHalves h = split_record(c.record);
         EXPECT_EQ(h.riserva2 + h.riserva3, c.record);
         if (c.record.empty()) continue;
-        EXPECT_EQ(character_count(h.riserva2),
-                  std::min<std::size_t>(32, character_count(c.record)));
+        EXPECT_EQ(basic::character_count(h.riserva2),
+                  std::min<std::size_t>(32, basic::character_count(c.record)));
         const MessageRecord back = read_record(h.riserva2, h.riserva3);
         EXPECT_EQ(back.mode, c.message.mode);
-        EXPECT_EQ(back.text, characters_after(c.record, 3));
+        EXPECT_EQ(back.text, basic::characters_after(c.record, 3));
     }
     // A half never cuts a character in two.
     const RecordHalves accented = split_record("02B" + std::string(28, 'a') + "èè" + "fine");
