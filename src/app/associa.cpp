@@ -44,6 +44,24 @@ QLabel* bold_label(const QString& text, QWidget* parent, const char* name) {
     return label;
 }
 
+// Boxes name1 to name(N-1), half in each of two columns below row 0 of the
+// grid; a click goes to `click` with the box's number.
+template <std::size_t N, class Click>
+void add_box_columns(QGridLayout* grid, QWidget* parent, QObject* context,
+                     std::array<QCheckBox*, N>& boxes, const char* name, Click click) {
+    constexpr int per_column = static_cast<int>(N - 1) / 2;
+    for (int n = 1; n < static_cast<int>(N); ++n) {
+        auto* box = new QCheckBox(parent);
+        box->setObjectName(QString(name) + QString::number(n));
+        box->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+        QObject::connect(box, &QCheckBox::clicked, context,
+                         [click, n](bool ticked) { click(n, ticked); });
+        grid->addWidget(box, n <= per_column ? n : n - per_column, n <= per_column ? 0 : 1,
+                        Qt::AlignLeft);
+        boxes[static_cast<std::size_t>(n)] = box;
+    }
+}
+
 }  // namespace
 
 ASSOCIA::ASSOCIA(Session& session, QWidget* parent)
@@ -105,18 +123,11 @@ QWidget* ASSOCIA::build_full_page() {
     points->addWidget(new QLabel(qs(t.text(Text::AGGREGATE_WHEN_OFF)), Frame6_), 0, 1);
     points->itemAtPosition(0, 0)->widget()->setObjectName("Label21");
     points->itemAtPosition(0, 1)->widget()->setObjectName("Label20");
-    for (int n = 1; n <= 48; ++n) {
-        auto* box = new QCheckBox(Frame6_);
-        box->setObjectName(QString("Check2_%1").arg(n));
-        box->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
-        connect(box, &QCheckBox::clicked, this, [this, n](bool ticked) {
-            if (filling_) return;
-            tool_->Check2_Click(n, ticked);
-            refresh();
-        });
-        points->addWidget(box, n <= 24 ? n : n - 24, n <= 24 ? 0 : 1, Qt::AlignLeft);
-        Check2_[static_cast<std::size_t>(n)] = box;
-    }
+    add_box_columns(points, Frame6_, this, Check2_, "Check2_", [this](int n, bool ticked) {
+        if (filling_) return;
+        tool_->Check2_Click(n, ticked);
+        refresh();
+    });
     body->addLayout(points, 1);
 
     auto* side = new QVBoxLayout;
@@ -139,18 +150,11 @@ QWidget* ASSOCIA::build_full_page() {
     auto* Label17 = new QLabel(qs(t.text(Text::AGGREGATE_SWITCHES)), Frame6_);
     Label17->setObjectName("Label17");
     reactions->addWidget(Label17, 0, 0, 1, 2);
-    for (int n = 1; n <= 16; ++n) {
-        auto* box = new QCheckBox(Frame6_);
-        box->setObjectName(QString("Check3_%1").arg(n));
-        box->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
-        connect(box, &QCheckBox::clicked, this, [this, n](bool ticked) {
-            if (filling_) return;
-            tool_->Check3_Click(n, ticked);
-            refresh();
-        });
-        reactions->addWidget(box, n <= 8 ? n : n - 8, n <= 8 ? 0 : 1, Qt::AlignLeft);
-        Check3_[static_cast<std::size_t>(n)] = box;
-    }
+    add_box_columns(reactions, Frame6_, this, Check3_, "Check3_", [this](int n, bool ticked) {
+        if (filling_) return;
+        tool_->Check3_Click(n, ticked);
+        refresh();
+    });
     reactions->setColumnStretch(1, 1);
     side->addLayout(reactions);
 
